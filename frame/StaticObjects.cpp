@@ -1,0 +1,37 @@
+// The library's static data and its entry point.
+//
+// Every static object with a constructor or destructor is defined in this
+// one file, so that C++'s in-order initialisation within a translation unit
+// gives the load order below, and unload destroys them in reverse. The
+// objects and their places:
+//
+//   1  zero identifier (GUIDIdentifier)      added with the GUID service
+//   2  zero text (std::string)               added with the GUID service
+//   3  wide zero text (std::wstring)         added with the GUID service
+//   4  crash dump folder (std::string)       added with the crash dump
+//   5  Console::s_threadLock (AtomicLock)    constant-initialised, no code
+//
+// The plain counters and flags that follow are constant-initialised too and
+// take no part in that order.
+#include <windows.h>
+
+#include "frame/ClassID.h"
+#include "frame/Console.h"
+
+// 5
+AtomicLock Console::s_threadLock;
+
+unsigned int ClassID::s_incrementalClassID = 0;
+bool Console::s_initialized = false;
+long Console::s_refCount = 0;
+
+// The C runtime constructs the objects above before it calls this for the
+// process attach. The library does nothing on thread start or end, so it asks
+// for no thread notices. (A mingw DLL carries a TLS directory, and the loader
+// then refuses the request; the result is deliberately not read.)
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        DisableThreadLibraryCalls(instance);
+    }
+    return TRUE;
+}

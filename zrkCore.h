@@ -1,0 +1,20 @@
+#pragma once
+
+// zrkCore: the core utility library. Including this header brings in every
+// public header of the library.
+
+#include "frame/Types.h"
+#include "frame/Export.h"
+#include "frame/NoCopy.h"
+#include "frame/ClassID.h"
+#include "frame/EndianType.h"
+#include "frame/Thread.h"
+#include "frame/Console.h"
+#include "frame/Assert.h"
+#include "frame/ProfilingSystem.h"
+
+#include "sync/AtomicLock.h"
+
+#include "process/EnvironmentVariable.h"
+
+#include "filesystem/PathNormalisation.h"
