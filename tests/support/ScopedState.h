@@ -1,0 +1,76 @@
+#pragma once
+
+// Test helpers that change process-wide state and put it back in their
+// destructors, so that a failing test cannot poison the next one.
+
+#include <windows.h>
+
+#include <string>
+
+// Saves an environment variable (or its absence) and restores it on
+// destruction. The optional value is set at once.
+class ScopedEnvironmentVariable {
+public:
+    explicit ScopedEnvironmentVariable(const std::wstring& name);
+    ScopedEnvironmentVariable(const std::wstring& name, const std::wstring& value);
+    ~ScopedEnvironmentVariable();
+
+    ScopedEnvironmentVariable(const ScopedEnvironmentVariable&) = delete;
+    ScopedEnvironmentVariable& operator=(const ScopedEnvironmentVariable&) = delete;
+
+private:
+    std::wstring m_name;
+    std::wstring m_saved;
+    bool m_existed = false;
+};
+
+// A new, empty folder under the temporary folder, removed with all its
+// contents on destruction. Paths come back without a trailing separator.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::wstring& Path() const { return m_path; }
+    std::string PathA() const;
+    // Path() + "\" + relative.
+    std::wstring Join(const std::wstring& relative) const;
+
+private:
+    std::wstring m_path;
+};
+
+// Makes `folder` the current folder and restores the previous one on
+// destruction.
+class ScopedCurrentDirectory {
+public:
+    explicit ScopedCurrentDirectory(const std::wstring& folder);
+    ~ScopedCurrentDirectory();
+
+    ScopedCurrentDirectory(const ScopedCurrentDirectory&) = delete;
+    ScopedCurrentDirectory& operator=(const ScopedCurrentDirectory&) = delete;
+
+private:
+    std::wstring m_previous;
+};
+
+bool FolderExists(const std::wstring& path);
+bool FileExists(const std::wstring& path);
+// Writes `content` to a new file (replacing an old one); true on success.
+bool WriteTextFile(const std::wstring& path, const std::string& content);
+
+// ASCII text in either width, for tests that run over both.
+template <class Ch>
+std::basic_string<Ch> Text(const char* ascii) {
+    std::basic_string<Ch> out;
+    for (; *ascii != '\0'; ++ascii) {
+        out += static_cast<Ch>(*ascii);
+    }
+    return out;
+}
+
+// Narrow text of wide ASCII-only text.
+std::string Narrow(const std::wstring& ascii);
