@@ -1,0 +1,4 @@
+#pragma once
+
+// The steps of the demonstration program, one function per topic. Each prints
+// plainly what it did.
