@@ -1,15 +1,10 @@
 #!/usr/bin/env bash
 # Builds zrkCore and its demonstration program and runs it under Wine.
 # Arguments are passed to the program (a folder to create; see demo/main.cpp).
-set -euo pipefail
-root="$(cd "$(dirname "$0")/.." && pwd)"
-bash "$root/scripts/setup.sh"
+source "$(dirname "$0")/common.sh"
 
 build="$root/build/demo"
-cmake -G Ninja -S "$root" -B "$build" \
-  -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-mingw-w64-x86_64.cmake" \
-  -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF >/dev/null
-cmake --build "$build"
+zrk_build "$build" Release OFF
 
 compiler=x86_64-w64-mingw32-g++-posix
 runtime=""
