@@ -14,7 +14,11 @@
 #include "frame/ProfilingSystem.h"
 
 #include "sync/AtomicLock.h"
+#include "sync/CriticalSection.h"
+
+#include "memory/SmartPtr.h"
 
 #include "process/EnvironmentVariable.h"
 
 #include "filesystem/PathNormalisation.h"
+#include "filesystem/IniFile.h"

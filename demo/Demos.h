@@ -2,3 +2,4 @@
 
 // The steps of the demonstration program, one function per topic. Each prints
 // plainly what it did.
+void DemoIniFile();

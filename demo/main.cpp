@@ -69,5 +69,6 @@ int main(int argc, char** argv) {
     DemoEndianTexts();
     DemoEnvironment();
     DemoFolder(argc > 1 ? argv[1] : "%TEMP%/zrkCore-demo/output");
+    DemoIniFile();
     return 0;
 }

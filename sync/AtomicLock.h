@@ -54,10 +54,14 @@ private:
 //
 // There is no free function to give a bare word back. If the word is the
 // word of an AtomicLock, call that object's Release. Otherwise the holder
-// releases it with a full-barrier interlocked write of 0, for instance
-// InterlockedCompareExchange(word, 0, 1) or InterlockedExchange(word, 0);
-// a plain store would let the next holder miss the holder's last writes.
+// gives it back with a full-barrier interlocked write of 0:
+//   InterlockedCompareExchange(word, 0, 1)  exactly what Release does, and
+//                                           harmless on a free word;
+//   InterlockedExchange(word, 0)            the same for a word that is held.
+// Not with a plain store: it is no barrier, so the compiler may move the
+// holder's last writes behind it and the next holder would miss them.
 ZRK_API void Atomic_Lock(volatile long* word);
 
-// One try on `word`; true if the lock is now the caller's.
+// One try on `word`: a compare-exchange of 0 for 1. True unless the word
+// already was 1, that is held. Any thread.
 ZRK_API bool Atomic_TryLock(volatile long* word);
