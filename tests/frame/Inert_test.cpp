@@ -44,16 +44,6 @@ TEST(Inert, ConsoleNeverRequestsAStopAndReadsNoArguments) {
     EXPECT_FALSE(Console::ApplicationStopRequested());
 }
 
-TEST(Inert, AssignmentsOfStatelessClassesReturnTheTarget) {
-    Console a, b;
-    EXPECT_EQ(&(a = b), &a);
-    EXPECT_EQ(&(a = std::move(b)), &a);
-    ProfilingSystem p, q;
-    EXPECT_EQ(&(p = q), &p);
-    EnvironmentVariable e, f;
-    EXPECT_EQ(&(e = f), &e);
-}
-
 TEST(EndianType, TextsInBothWidths) {
     EXPECT_STREQ(eEndianType_ToStringA(UNDETERMINED), "UNDETERMINED");
     EXPECT_STREQ(eEndianType_ToStringA(LittleEndian), "LittleEndian");
