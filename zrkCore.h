@@ -21,4 +21,8 @@
 #include "process/EnvironmentVariable.h"
 
 #include "filesystem/PathNormalisation.h"
+#include "filesystem/FileFind.h"
 #include "filesystem/IniFile.h"
+
+#include "shell/ShellAssociation.h"
+#include "shell/OpenByMimeType.h"

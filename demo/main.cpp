@@ -70,5 +70,7 @@ int main(int argc, char** argv) {
     DemoEnvironment();
     DemoFolder(argc > 1 ? argv[1] : "%TEMP%/zrkCore-demo/output");
     DemoIniFile();
+    DemoShell();
+    DemoFileFind();
     return 0;
 }

@@ -83,3 +83,43 @@ std::string Narrow(const std::wstring& ascii) {
     }
     return out;
 }
+
+ScopedRegistryKey::ScopedRegistryKey(HKEY root, const std::wstring& path)
+    : m_root(root), m_path(path) {
+    HKEY key = nullptr;
+    DWORD disposition = 0;
+    if (RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                        &disposition) != ERROR_SUCCESS) {
+        return;
+    }
+    if (disposition != REG_CREATED_NEW_KEY) {
+        RegCloseKey(key);
+        return;
+    }
+    m_key = key;
+}
+
+ScopedRegistryKey::~ScopedRegistryKey() {
+    if (m_key != nullptr) {
+        RegCloseKey(m_key);
+        RegDeleteTreeW(m_root, m_path.c_str());
+    }
+}
+
+bool ScopedRegistryKey::SetString(const std::wstring& subKey, const std::wstring& name,
+                                  const std::wstring& value) {
+    if (m_key == nullptr) {
+        return false;
+    }
+    const DWORD size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    return RegSetKeyValueW(m_key, subKey.empty() ? nullptr : subKey.c_str(),
+                           name.empty() ? nullptr : name.c_str(), REG_SZ, value.c_str(),
+                           size) == ERROR_SUCCESS;
+}
+
+bool ScopedRegistryKey::SetValue(const std::wstring& name, DWORD type, const void* data,
+                                 DWORD size) {
+    return m_key != nullptr &&
+           RegSetValueExW(m_key, name.empty() ? nullptr : name.c_str(), 0, type,
+                          static_cast<const BYTE*>(data), size) == ERROR_SUCCESS;
+}

@@ -62,6 +62,31 @@ bool FileExists(const std::wstring& path);
 // Writes `content` to a new file (replacing an old one); true on success.
 bool WriteTextFile(const std::wstring& path, const std::string& content);
 
+// Creates the registry key `root`\`path`, which must not exist yet, and
+// deletes it with every key and value below it on destruction. A key that
+// exists already is left alone and the object is not Valid. Keys above it
+// that the constructor had to create stay.
+class ScopedRegistryKey {
+public:
+    ScopedRegistryKey(HKEY root, const std::wstring& path);
+    ~ScopedRegistryKey();
+
+    ScopedRegistryKey(const ScopedRegistryKey&) = delete;
+    ScopedRegistryKey& operator=(const ScopedRegistryKey&) = delete;
+
+    bool Valid() const { return m_key != nullptr; }
+    // Sets a value of the key, or of `subKey` below it (created if need be;
+    // empty: the key itself). An empty `name` sets the default value.
+    bool SetString(const std::wstring& subKey, const std::wstring& name,
+                   const std::wstring& value);
+    bool SetValue(const std::wstring& name, DWORD type, const void* data, DWORD size);
+
+private:
+    HKEY m_root;
+    std::wstring m_path;
+    HKEY m_key = nullptr;
+};
+
 // ASCII text in either width, for tests that run over both.
 template <class Ch>
 std::basic_string<Ch> Text(const char* ascii) {
