@@ -5,12 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 #include "support/ImportPatch.h"
 #include "support/ScopedState.h"
@@ -20,29 +17,19 @@ namespace {
 
 template <class Ch>
 using String = std::basic_string<Ch>;
+template <class Ch>
+using Finder = std::conditional_t<sizeof(Ch) == 1, FileFindA, FileFindW>;
 using Found = std::multiset<std::wstring>;
 
 template <class Ch>
-struct Width;
-template <>
-struct Width<char> {
-    using Receiver = IFoundFileReceiverA;
-    using Finder = FileFindA;
-    static String<char> Of(const std::wstring& ascii) { return Narrow(ascii); }
-    static constexpr const char* kCurrentDirectory = "GetCurrentDirectoryA";
-};
-template <>
-struct Width<wchar_t> {
-    using Receiver = IFoundFileReceiverW;
-    using Finder = FileFindW;
-    static String<wchar_t> Of(const std::wstring& ascii) { return ascii; }
-    static constexpr const char* kCurrentDirectory = "GetCurrentDirectoryW";
-};
+String<Ch> Of(const std::wstring& ascii) {
+    return String<Ch>(ascii.begin(), ascii.end());
+}
 
 // Keeps the reported paths relative to `root` ("sub\c.txt") and answers
 // `answer` to each.
 template <class Ch>
-struct Collector : Width<Ch>::Receiver {
+struct Collector : std::conditional_t<sizeof(Ch) == 1, IFoundFileReceiverA, IFoundFileReceiverW> {
     Collector(const std::wstring& root, int answer) : root(root + L"\\"), answer(answer) {}
     int FoundFile(const String<Ch>& fullPath, const String<Ch>& name) override {
         const std::wstring full(fullPath.begin(), fullPath.end());
@@ -55,39 +42,29 @@ struct Collector : Width<Ch>::Receiver {
     Found found;
 };
 
-//   a.txt  b.log  match.txt\f.txt  .hidden\e.txt  sub\c.txt  sub\c2.txt
-//   sub\deeper\d.txt  sub\deeper\deepest\g.txt
+// The tree searched; entries ending in "\" are folders.
 template <class Ch>
 class FileFind : public ::testing::Test {
 protected:
     FileFind() {
-        for (const wchar_t* folder :
-             {L"match.txt", L".hidden", L"sub", L"sub\\deeper", L"sub\\deeper\\deepest"}) {
-            CreateDirectoryW(m_tree.Join(folder).c_str(), nullptr);
-        }
-        for (const wchar_t* file : {L"a.txt", L"b.log", L"match.txt\\f.txt", L".hidden\\e.txt",
-                                    L"sub\\c.txt", L"sub\\c2.txt", L"sub\\deeper\\d.txt",
-                                    L"sub\\deeper\\deepest\\g.txt"}) {
-            WriteTextFile(m_tree.Join(file), "x");
+        for (const std::wstring entry :
+             {L"a.txt", L"b.log", L"match.txt\\", L"match.txt\\f.txt", L".hidden\\",
+              L".hidden\\e.txt", L"sub\\", L"sub\\c.txt", L"sub\\c2.txt", L"sub\\deeper\\",
+              L"sub\\deeper\\d.txt", L"sub\\deeper\\deepest\\", L"sub\\deeper\\deepest\\g.txt"}) {
+            if (entry.back() == L'\\') {
+                CreateDirectoryW(m_tree.Join(entry).c_str(), nullptr);
+            } else {
+                WriteTextFile(m_tree.Join(entry), "x");
+            }
         }
     }
 
     Found Find(const wchar_t* pattern, unsigned int maxDepth, const wchar_t* rootSuffix = L"",
                int answer = 0) {
         Collector<Ch> collector(m_tree.Path(), answer);
-        typename Width<Ch>::Finder(&collector, Width<Ch>::Of(m_tree.Path() + rootSuffix),
-                                   Width<Ch>::Of(pattern), maxDepth)
+        Finder<Ch>(&collector, Of<Ch>(m_tree.Path() + rootSuffix), Of<Ch>(pattern), maxDepth)
             .Search();
         return collector.found;
-    }
-
-    // `folders` are reported by the wide search only.
-    static Found Expect(std::vector<const wchar_t*> files, std::vector<const wchar_t*> folders) {
-        Found all(files.begin(), files.end());
-        if (std::is_same<Ch, wchar_t>::value) {
-            all.insert(folders.begin(), folders.end());
-        }
-        return all;
     }
 
     TempFolder m_tree;
@@ -95,100 +72,59 @@ protected:
 using Widths = ::testing::Types<char, wchar_t>;
 TYPED_TEST_SUITE(FileFind, Widths);
 
-TYPED_TEST(FileFind, TheDepthLimitCountsTheRootAsLevelZeroAndZeroMeansNone) {
-    const Found one = this->Expect({L"a.txt", L"match.txt\\f.txt", L"sub\\c.txt", L"sub\\c2.txt"},
-                                   {L"match.txt"});
+TYPED_TEST(FileFind, ReportsMatchesDownToTheDepthLimitButNeverInDotFolders) {
+    Found one{L"a.txt", L"match.txt\\f.txt", L"sub\\c.txt", L"sub\\c2.txt"};
+    if (sizeof(TypeParam) == 2) {
+        one.insert(L"match.txt");  // the wide form reports matching folders too
+    }
     Found two = one, all = one;
     two.insert(L"sub\\deeper\\d.txt");
     all.insert({L"sub\\deeper\\d.txt", L"sub\\deeper\\deepest\\g.txt"});
     EXPECT_EQ(this->Find(L"*.txt", 1), one);
     EXPECT_EQ(this->Find(L"*.txt", 2), two);
     EXPECT_EQ(this->Find(L"*.txt", 0), all);
-    EXPECT_EQ(this->Find(L"?.log", 0), this->Expect({L"b.log"}, {}));
-}
-
-TYPED_TEST(FileFind, DotFoldersAreReportedByTheWideFormButNeverDescended) {
-    EXPECT_EQ(this->Find(L"*", 1),
-              this->Expect({L"a.txt", L"b.log", L"match.txt\\f.txt", L"sub\\c.txt", L"sub\\c2.txt"},
-                           {L"match.txt", L".hidden", L"sub", L"sub\\deeper"}));
     EXPECT_EQ(this->Find(L"e.txt", 0), Found());
+    EXPECT_EQ(this->Find(L".hidden", 0).size(), sizeof(TypeParam) == 1 ? 0u : 1u);
+    EXPECT_EQ(this->Find(L"", 0), Found());
+    EXPECT_EQ(this->Find(L"*", 0, L"\\missing"), Found());
+    EXPECT_EQ(this->Find(L"a.txt", 0, L"\\"), Found{L"\\a.txt"});  // the separator doubles
 }
 
 TYPED_TEST(FileFind, ReturningOneEndsOnlyTheCurrentFoldersListing) {
-    std::map<std::wstring, int> perFolder;
+    std::set<std::wstring> folders;  // "" for the root
     for (const std::wstring& path : this->Find(L"*.txt", 0, L"", 1)) {
-        const auto slash = path.rfind(L'\\');
-        ++perFolder[slash == std::wstring::npos ? L"" : path.substr(0, slash)];
+        EXPECT_TRUE(folders.insert(path.substr(0, path.find_last_of(L'\\') + 1)).second) << path;
     }
-    EXPECT_EQ(perFolder, (std::map<std::wstring, int>{{L"", 1}, {L"match.txt", 1}, {L"sub", 1},
-                                                      {L"sub\\deeper", 1},
-                                                      {L"sub\\deeper\\deepest", 1}}));
-}
-
-TYPED_TEST(FileFind, OddRootsAndPatternsReportWhatTheyShould) {
-    // A root ending in "\" doubles the separator.
-    EXPECT_EQ(this->Find(L"a.txt", 0, L"\\"), Found{L"\\a.txt"});
-    EXPECT_EQ(this->Find(L"", 0), Found());
-    EXPECT_EQ(this->Find(L"*", 0, L"\\missing"), Found());
+    EXPECT_EQ(folders, (std::set<std::wstring>{L"", L"match.txt\\", L"sub\\", L"sub\\deeper\\",
+                                               L"sub\\deeper\\deepest\\"}));
 }
 
 TYPED_TEST(FileFind, WithoutARootTheSearchKeepsTheFolderCurrentAtConstruction) {
-    using W = Width<TypeParam>;
-    Collector<TypeParam> collector(this->m_tree.Path(), 0);
-    std::unique_ptr<typename W::Finder> finder;
-    {
+    using Ch = TypeParam;
+    Collector<Ch> collector(this->m_tree.Path(), 0);
+    Finder<Ch> finder = [&] {
         ScopedCurrentDirectory inTree(this->m_tree.Path());
-        EXPECT_EQ(W::Finder::WorkingDir(), W::Of(this->m_tree.Path()));
-        finder.reset(new typename W::Finder(&collector, W::Of(L"a.txt"), 1));
-    }
-    EXPECT_EQ(finder->SearchRootDirectory(), W::Of(this->m_tree.Path()));
-    finder->Search();
+        return Finder<Ch>(&collector, Of<Ch>(L"a.txt"), 1);
+    }();
+    EXPECT_EQ(finder.SearchRootDirectory(), Of<Ch>(this->m_tree.Path()));
+    finder.Search();
     EXPECT_EQ(collector.found, Found{L"a.txt"});
-}
 
-// Fills the whole buffer without a terminator and answers `g_answer`.
-DWORD g_answer = 0;
-template <class Ch>
-DWORD WINAPI FillCurrentDirectory(DWORD size, Ch* buffer) {
-    std::fill(buffer, buffer + size, Ch('x'));
-    return g_answer;
-}
-
-TYPED_TEST(FileFind, WorkingDirIsEmptyWhenThePlatformWritesNoFolder) {
-    using W = Width<TypeParam>;
-    ImportPatch patch(CoreModule(), "KERNEL32.dll", W::kCurrentDirectory,
-                      reinterpret_cast<void*>(&FillCurrentDirectory<TypeParam>));
+    // The platform fills the whole buffer without a terminator and answers
+    // failure (0) or the size of a folder too long for 2048 characters.
+    static DWORD answer;
+    auto fill = [](DWORD size, Ch* buffer) {
+        std::fill(buffer, buffer + size, Ch('x'));
+        return answer;
+    };
+    ImportPatch patch(CoreModule(), "KERNEL32.dll",
+                      sizeof(Ch) == 1 ? "GetCurrentDirectoryA" : "GetCurrentDirectoryW",
+                      reinterpret_cast<void*>(+fill));
     ASSERT_TRUE(patch.Active());
-    for (DWORD answer : {0ul, 2048ul, 5000ul}) {  // failure; a folder too long for 2048
-        g_answer = answer;
-        EXPECT_TRUE(W::Finder::WorkingDir().empty()) << answer;
+    for (DWORD planned : {0ul, 2048ul, 5000ul}) {
+        answer = planned;
+        EXPECT_TRUE(Finder<Ch>::WorkingDir().empty()) << planned;
     }
-}
-
-// Records every listing that the search opens, on the way to the real call.
-std::vector<std::wstring> g_listings;
-void* g_findFirst = nullptr;
-HANDLE WINAPI LogFindFirst(const wchar_t* searchText, WIN32_FIND_DATAW* data) {
-    g_listings.push_back(searchText);
-    return reinterpret_cast<decltype(&FindFirstFileW)>(g_findFirst)(searchText, data);
-}
-
-TEST(FileFindListings, EachFolderIsListedWithThePatternThenWithAStar) {
-    TempFolder tree;
-    CreateDirectoryW(tree.Join(L"sub").c_str(), nullptr);
-    CreateDirectoryW(tree.Join(L"sub\\deeper").c_str(), nullptr);
-    ImportPatch patch(CoreModule(), "KERNEL32.dll", "FindFirstFileW",
-                      reinterpret_cast<void*>(&LogFindFirst));
-    ASSERT_TRUE(patch.Active());
-    g_findFirst = patch.Original<void*>();
-    // An empty pattern reports nothing, but the tree is walked all the same;
-    // "sub\deeper" lies beyond the limit and is not listed at all.
-    Collector<wchar_t> collector(tree.Path(), 0);
-    FileFindW(&collector, tree.Path(), L"", 1).Search();
-    EXPECT_TRUE(collector.found.empty());
-    const std::wstring root = tree.Path();
-    EXPECT_EQ(g_listings, (std::vector<std::wstring>{root + L"\\", root + L"\\*",
-                                                     root + L"\\sub\\", root + L"\\sub\\*"}));
 }
 
 }  // namespace

@@ -6,103 +6,74 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <deque>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <string>
 #include <vector>
 
 #include "shell/ShellRegistration.h"
 #include "support/ImportPatch.h"
-#include "support/ScopedState.h"
-#include "zrkCore.h"
 
 namespace {
 
 template <class Ch>
-struct Width;
-template <>
-struct Width<char> {
-    static bool Open(const std::wstring& mimeType, const std::wstring& path, bool fallback) {
-        return zrkOpenFileByMimeTypeA(Narrow(mimeType), Narrow(path).c_str(), fallback);
-    }
-    static bool Execute(bool withFallbackVerb) {
-        return zrkShellExecuteA("open", "C:\\a.txt", withFallbackVerb ? "openas" : nullptr);
-    }
-    static constexpr const char* kImport = "ShellExecuteA";
-    static constexpr bool kNarrow = true;
-};
-template <>
-struct Width<wchar_t> {
-    static bool Open(const std::wstring& mimeType, const std::wstring& path, bool fallback) {
-        return zrkOpenFileByMimeTypeW(mimeType, path.c_str(), fallback);
-    }
-    static bool Execute(bool withFallbackVerb) {
-        return zrkShellExecuteW(L"open", L"C:\\a.txt", withFallbackVerb ? L"openas" : nullptr);
-    }
-    static constexpr const char* kImport = "ShellExecuteW";
-    static constexpr bool kNarrow = false;
-};
-
-template <class Ch>
-class OpenByMimeType : public ::testing::Test {
-protected:
-    OpenByMimeType() : m_registration(L"open") {}
-    ShellRegistration m_registration;
-};
+class OpenByMimeType : public ::testing::Test {};
 using Widths = ::testing::Types<char, wchar_t>;
 TYPED_TEST_SUITE(OpenByMimeType, Widths);
+
+// The open of width Ch, to be called later.
+template <class Ch>
+auto Open(const std::wstring& mimeType, const std::wstring& path, bool fallback) {
+    return [=] {
+        return Pick<Ch>(&zrkOpenFileByMimeTypeA, &zrkOpenFileByMimeTypeW)(
+            Of<Ch>(mimeType), Of<Ch>(path).c_str(), fallback);
+    };
+}
 
 std::wstring Quoted(const std::wstring& text) {
     return L"\"" + text + L"\"";
 }
 
-// The launch is asynchronous: waits (at most 20 s) for the helper's record.
-std::wstring AwaitRecord(const std::wstring& file) {
-    for (int waited = 0; waited < 20000 && !FileExists(file); waited += 50) {
-        Sleep(50);
+// The launch is asynchronous: waits (at most 20 s) until the helper has
+// written and closed its record.
+std::wstring AwaitRecord(const std::wstring& record) {
+    std::ifstream in;
+    for (int waited = 0; waited < 20000 && !in.is_open(); waited += 50, Sleep(50)) {
+        in.open(std::filesystem::path(record), std::ios::binary);
     }
-    std::ifstream in(std::filesystem::path(file), std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(in)), {});
-    return in ? std::wstring(reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / 2)
-              : L"<no record>";
+    return std::wstring(reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / 2);
 }
 
 TYPED_TEST(OpenByMimeType, TheRegisteredProgramGetsTheFileInOnePairOfQuotes) {
+    ShellRegistration registration;
     TempFolder folder;
     const std::wstring record = folder.Join(L"record.txt");
     ScopedEnvironmentVariable recordTo(L"ZRK_RECORD_FILE", record);
-    wchar_t self[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, self, MAX_PATH);
-    const std::wstring helper = std::wstring(self).substr(0, std::wstring(self).rfind(L'\\')) +
-                                L"\\RecordCommandLine.exe";
+    std::wstring helper(MAX_PATH, L'\0');  // the helper lies beside this program
+    helper.resize(GetModuleFileNameW(nullptr, &helper[0], MAX_PATH));
+    helper = helper.substr(0, helper.rfind(L'\\')) + L"\\RecordCommandLine.exe";
     const std::wstring spaced = folder.Join(L"with blank.exe");
     ASSERT_TRUE(CopyFileW(helper.c_str(), spaced.c_str(), FALSE));
-    const std::wstring file = folder.Join(L"my file.txt");
-    const std::wstring patterned = folder.Join(L"%1 %L %l.txt");
-
+    const std::wstring file = folder.Join(L"my file.txt"), quoted = Quoted(file);
+    const std::wstring patterned = folder.Join(L"%1 %L %l.txt"), longText(1000, L'x');
     struct Case {
         std::wstring program, arguments, path, parameters;
     };
     for (const Case& c : std::vector<Case>{
-             {Quoted(helper), L"\"%1\"", file, Quoted(file)},
-             {helper, L"%1", file, Quoted(file)},
-             {helper, L"/p \"%1\" %L", file, L"/p " + Quoted(file) + L" " + Quoted(file)},
-             {helper, L"/p", file, L"/p " + Quoted(file)},
-             {helper, L"", file, L" " + Quoted(file)},
-             {Quoted(spaced), L"%l", file, Quoted(file)},
+             {Quoted(helper), L"\"%1\"", file, quoted},
+             {helper, L"%1 %L", file, quoted + L" " + quoted},
+             {helper, L"/p" + longText, file, L"/p" + longText + L" " + quoted},  // no limit
+             {Quoted(spaced), L"%l", file, quoted},
              // A path holding patterns is put in as it is, and only once.
              {helper, L"%2 \"%1\" %L", patterned,
               L"%2 " + Quoted(patterned) + L" " + Quoted(patterned)},
-             {helper, L"%1", Quoted(file), Quoted(file)},
          }) {
-        const std::wstring command = c.arguments.empty() ? c.program : c.program + L" " + c.arguments;
-        ASSERT_TRUE(this->m_registration.SetCommand(command));
+        const std::wstring command = c.program + L" " + c.arguments;
+        ASSERT_TRUE(registration.SetCommand(command));
         DeleteFileW(record.c_str());
-        ASSERT_TRUE(Width<TypeParam>::Open(this->m_registration.MimeType(), c.path, false))
-            << command;
+        ASSERT_TRUE(Open<TypeParam>(registration.mimeType, c.path, false)()) << command;
         // The program sees its own path quoted, one blank, then the
         // parameters exactly as they were passed.
         EXPECT_EQ(AwaitRecord(record),
@@ -111,105 +82,96 @@ TYPED_TEST(OpenByMimeType, TheRegisteredProgramGetsTheFileInOnePairOfQuotes) {
     }
 }
 
-// ShellExecute redirected to a recorder that answers from a planned list.
-std::vector<std::wstring> g_launches;  // "verb|file|parameters"
-std::deque<std::uintptr_t> g_answers;
+// ShellExecute redirected to a recorder that answers from a planned list,
+// and 2 (file not found) once the list is used up.
+using Launches = std::vector<std::wstring>;  // "verb|file|parameters"
+Launches g_launches;
+std::vector<std::uintptr_t> g_answers;
 
 template <class Ch>
 std::wstring Logged(const Ch* text) {
-    std::wstring out = text == nullptr ? L"<null>" : L"";
-    for (; text != nullptr && *text != 0; ++text) {
-        out += static_cast<wchar_t>(*text);
-    }
-    return out;
+    return text == nullptr ? L"<null>" : std::wstring(text, text + String<Ch>(text).size());
 }
 
 template <class Ch>
 HINSTANCE WINAPI RecordLaunch(HWND owner, const Ch* verb, const Ch* file, const Ch* parameters,
                               const Ch* directory, INT show) {
-    EXPECT_TRUE(owner == nullptr && directory == nullptr && show == 10);
+    EXPECT_TRUE(owner == nullptr && directory == nullptr && show == SW_SHOWDEFAULT);
+    const std::size_t call = g_launches.size();
     g_launches.push_back(Logged(verb) + L"|" + Logged(file) + L"|" + Logged(parameters));
-    const std::uintptr_t answer = g_answers.empty() ? 2 : g_answers.front();
-    if (!g_answers.empty()) {
-        g_answers.pop_front();
-    }
-    return reinterpret_cast<HINSTANCE>(answer);
+    return reinterpret_cast<HINSTANCE>(call < g_answers.size() ? g_answers[call] : 2);
 }
 
-template <class Ch>
-class ShellFallback : public OpenByMimeType<Ch> {
-protected:
-    ShellFallback()
-        : m_patch(CoreModule(), "SHELL32.dll", Width<Ch>::kImport,
-                  reinterpret_cast<void*>(&RecordLaunch<Ch>)) {}
-
-    // Runs `call` with ShellExecute answering `answers` in turn; checks its
-    // result and returns the launches it asked for.
-    std::vector<std::wstring> Launches(std::initializer_list<std::uintptr_t> answers,
-                                       const std::function<bool()>& call, bool result) {
-        g_launches.clear();
-        g_answers.assign(answers);
-        EXPECT_EQ(call(), result);
-        return g_launches;
-    }
-
-    ImportPatch m_patch;
-};
-TYPED_TEST_SUITE(ShellFallback, Widths);
-using Launches = std::vector<std::wstring>;
-
-TYPED_TEST(ShellFallback, OnlyNoAssociationAndAccessDeniedGoOnToTheSecondVerb) {
-    ASSERT_TRUE(this->m_patch.Active());
-    auto execute = [](bool withFallbackVerb) {
-        return [=] { return Width<TypeParam>::Execute(withFallbackVerb); };
-    };
-    EXPECT_EQ(this->Launches({31, 42}, execute(true), true),
-              (Launches{L"open|C:\\a.txt|<null>", L"openas|C:\\a.txt|<null>"}));
-    EXPECT_EQ(this->Launches({5, 42}, execute(true), true).size(), 2u);
-    EXPECT_EQ(this->Launches({5, 2}, execute(true), false).size(), 2u);
-    EXPECT_EQ(this->Launches({2, 42}, execute(true), false).size(), 1u);
-    EXPECT_EQ(this->Launches({31, 42}, execute(false), false).size(), 1u);
-    EXPECT_EQ(this->Launches({32}, execute(true), false).size(), 1u);
-    EXPECT_EQ(this->Launches({33}, execute(true), true).size(), 1u);
-    // Only the low 32 bits of the answer count.
-    EXPECT_EQ(this->Launches({0x100000000u + 31, 42}, execute(true), true).size(), 2u);
-    EXPECT_EQ(this->Launches({0x100000000u + 2, 42}, execute(true), false).size(), 1u);
+// Runs `call` with ShellExecute answering `answers`; checks its result, returns the launches.
+template <class Call>
+Launches Run(std::vector<std::uintptr_t> answers, Call call, bool result) {
+    g_launches.clear();
+    g_answers = answers;
+    EXPECT_EQ(call(), result);
+    return g_launches;
 }
 
-TYPED_TEST(ShellFallback, EachFormHandsTheShellItsOwnPath) {
-    ASSERT_TRUE(this->m_patch.Active());
+TYPED_TEST(OpenByMimeType, HandsTheShellTheRightCallsAndFallsBackOnlyWhereItShould) {
+    using Ch = TypeParam;
+    ImportPatch patch(CoreModule(), "SHELL32.dll", Pick<Ch>("ShellExecuteA", "ShellExecuteW"),
+                      reinterpret_cast<void*>(&RecordLaunch<Ch>));
+    ASSERT_TRUE(patch.Active());
+    ShellRegistration registration;
     const std::wstring path = L"C:\\d\\a.txt", quoted = Quoted(path);
-    const std::wstring unknown = L"application/x-zrk-never-registered";
-    const std::wstring mimeType = this->m_registration.MimeType();
-    auto open = [](const std::wstring& type, const std::wstring& file, bool fallback) {
-        return [=] { return Width<TypeParam>::Open(type, file, fallback); };
+    const std::wstring unknown = L"application/x-zrk-unknown", mimeType = registration.mimeType;
+    // 31 (no association) and 5 (access denied) go on to "openas"; above 32 is accepted.
+    const auto openUnknown = Open<Ch>(unknown, path, true);
+    EXPECT_EQ(Run({5, 2}, openUnknown, false).size(), 2u);
+    EXPECT_EQ(Run({2, 42}, openUnknown, false).size(), 1u);
+    EXPECT_EQ(Run({32}, openUnknown, false).size(), 1u);
+    EXPECT_EQ(Run({33}, openUnknown, true).size(), 1u);
+    const auto withoutSecondVerb = [] {
+        return Pick<Ch>(&zrkShellExecuteA, &zrkShellExecuteW)(
+            Text<Ch>("open").c_str(), Text<Ch>("C:\\a.txt").c_str(), nullptr);
     };
+    EXPECT_EQ(Run({31, 42}, withoutSecondVerb, false), Launches{L"open|C:\\a.txt|<null>"});
+
     // A failed lookup (no extension; no "open" command; an unclosed quote):
     // the narrow form hands on the quoted path, the wide form the caller's.
-    const std::wstring early = Width<TypeParam>::kNarrow ? quoted : path;
-    EXPECT_EQ(this->Launches({31, 42}, open(unknown, path, true), true),
-              (Launches{L"open|" + early + L"|<null>", L"openas|" + early + L"|<null>"}));
-    EXPECT_EQ(this->Launches({42}, open(mimeType, path, true), true),
-              Launches{L"open|" + early + L"|<null>"});
-    ASSERT_TRUE(this->m_registration.SetCommand(L"\"C:\\v.exe %1"));
-    EXPECT_EQ(this->Launches({42}, open(mimeType, path, true), true),
-              Launches{L"open|" + early + L"|<null>"});
-    EXPECT_EQ(this->Launches({42}, open(unknown, quoted, true), true),
-              Launches{L"open|" + quoted + L"|<null>"});
-    EXPECT_TRUE(this->Launches({42}, open(unknown, path, false), false).empty());
+    const std::wstring early = sizeof(Ch) == 1 ? quoted : path;
+    const Launches earlyOpen{L"open|" + early + L"|<null>"};
+    EXPECT_EQ(Run({31, 42}, openUnknown, true),
+              (Launches{earlyOpen[0], L"openas|" + early + L"|<null>"}));
+    EXPECT_EQ(Run({42}, Open<Ch>(mimeType, path, true), true), earlyOpen);
+    ASSERT_TRUE(registration.SetCommand(L"\"C:\\v.exe %1"));
+    EXPECT_EQ(Run({42}, Open<Ch>(mimeType, path, true), true), earlyOpen);
+    EXPECT_TRUE(Run({42}, Open<Ch>(unknown, path, false), false).empty());
 
     // A failed launch of the registered program: the quoted path in both.
-    ASSERT_TRUE(this->m_registration.SetCommand(L"\"C:\\b c\\v.exe\" /p"));
-    EXPECT_EQ(this->Launches({2, 5, 42}, open(mimeType, path, true), true),
+    ASSERT_TRUE(registration.SetCommand(L"\"C:\\b c\\v.exe\" /p"));
+    EXPECT_EQ(Run({2, 5, 42}, Open<Ch>(mimeType, path, true), true),
               (Launches{L"open|\"C:\\b c\\v.exe\"|/p " + quoted, L"open|" + quoted + L"|<null>",
                         L"openas|" + quoted + L"|<null>"}));
-    EXPECT_EQ(this->Launches({2, 2, 42}, open(mimeType, path, true), false).size(), 2u);
-    EXPECT_EQ(this->Launches({31, 42}, open(mimeType, path, false), false).size(), 1u);
+    EXPECT_EQ(Run({31, 42}, Open<Ch>(mimeType, path, false), false).size(), 1u);
 
-    // An empty path is two quotes, appended behind one blank.
-    ASSERT_TRUE(this->m_registration.SetCommand(L"C:\\v.exe"));
-    EXPECT_EQ(this->Launches({42}, open(mimeType, L"", false), true),
-              Launches{L"open|C:\\v.exe| \"\""});
+    // The quoted file in every pattern of the arguments, or appended.
+    struct Case {
+        const wchar_t *arguments, *path, *parameters;
+    };
+    for (const Case& c : std::vector<Case>{
+             {LR"(%1 %1 "%L"x"%l" %l)", LR"(C:\a b)",
+              LR"("C:\a b" "C:\a b" "C:\a b"x"C:\a b" "C:\a b")"},
+             {LR"(%2 %* %D /p)", LR"(C:\a b)", LR"(%2 %* %D /p "C:\a b")"},
+             {LR"(%%1)", LR"(C:\a b)", LR"(%"C:\a b")"},
+             {L"", L"", LR"( "")"},
+             {L"%1", LR"("C:\a b")", LR"("C:\a b")"},
+             {L"%1", LR"("C:\a)", LR"("C:\a)"},
+             // A quoted pattern may take the closing quote of a path that an
+             // earlier pass put in, as the plain passes would.
+             {LR"(%1%L")", LR"(C:\a b)", LR"("C:\a b"C:\a b")"},
+             // A path's own patterns are never replaced again.
+             {LR"("%1" %L)", LR"(C:\%1 "%L" %l)", LR"("C:\%1 "%L" %l" "C:\%1 "%L" %l")"},
+         }) {
+        ASSERT_TRUE(registration.SetCommand(L"C:\\v.exe " + std::wstring(c.arguments)));
+        EXPECT_EQ(Run({42}, Open<Ch>(mimeType, c.path, false), true),
+                  Launches{L"open|C:\\v.exe|" + std::wstring(c.parameters)})
+            << c.arguments;
+    }
 }
 
 }  // namespace

@@ -1,55 +1,45 @@
 #pragma once
 
-// Test registrations in HKEY_CLASSES_ROOT: a MIME type that maps to an
-// extension, the extension's file type, and that type's "open" command, all
-// under names unique to this process and removed again on destruction.
+// What the shell tests share: a registration in HKEY_CLASSES_ROOT (a MIME
+// type mapped to an extension whose file type has an "open" command) under
+// names unique to this process, removed on destruction; and width helpers.
 
 #include <windows.h>
 
 #include <string>
+#include <tuple>
+#include <type_traits>
 
 #include "support/ScopedState.h"
+#include "zrkCore.h"
 
-class ShellRegistration {
-public:
-    // `tag` tells apart the registrations of one process.
-    explicit ShellRegistration(const std::wstring& tag)
-        : m_mimeType(L"application/x-zrk-test-" + Unique(tag)),
-          m_extension(L".zrk" + Unique(tag)),
-          m_fileType(L"zrk.test." + Unique(tag)),
-          m_mimeKey(HKEY_CLASSES_ROOT, L"Mime\\Database\\Content Type\\" + m_mimeType),
-          m_extensionKey(HKEY_CLASSES_ROOT, m_extension),
-          m_fileTypeKey(HKEY_CLASSES_ROOT, m_fileType) {
-        m_valid = m_mimeKey.SetString(L"", L"Extension", m_extension) &&
-                  m_extensionKey.SetString(L"", L"", m_fileType) && m_fileTypeKey.Valid();
-    }
+struct ShellRegistration {
+    const std::wstring id = std::to_wstring(GetCurrentProcessId());
+    const std::wstring mimeType = L"application/x-zrk-test-" + id, extension = L".zrk" + id;
+    ScopedRegistryKey mimeKey{HKEY_CLASSES_ROOT, L"Mime\\Database\\Content Type\\" + mimeType};
+    ScopedRegistryKey extensionKey{HKEY_CLASSES_ROOT, extension};
+    ScopedRegistryKey fileTypeKey{HKEY_CLASSES_ROOT, L"zrk.test." + id};
 
-    bool Valid() const { return m_valid; }
-    const std::wstring& MimeType() const { return m_mimeType; }
-    const std::wstring& Extension() const { return m_extension; }
-
-    // The "open" command of the extension's file type.
-    bool SetCommand(const std::wstring& commandTemplate) {
-        return m_fileTypeKey.SetString(L"shell\\open\\command", L"", commandTemplate);
+    ShellRegistration() {
+        mimeKey.SetString(L"", L"Extension", extension);
+        extensionKey.SetString(L"", L"", L"zrk.test." + id);
     }
-    // The MIME type's "Extension" value, as text or as raw data of any type.
-    bool SetExtensionText(const std::wstring& extension) {
-        return m_mimeKey.SetString(L"", L"Extension", extension);
+    bool SetCommand(const std::wstring& command) {
+        return fileTypeKey.SetString(L"shell\\open\\command", L"", command);
     }
-    bool SetExtensionValue(DWORD type, const void* data, DWORD size) {
-        return m_mimeKey.SetValue(L"Extension", type, data, size);
-    }
-
-private:
-    static std::wstring Unique(const std::wstring& tag) {
-        return std::to_wstring(GetCurrentProcessId()) + L"-" + tag;
-    }
-
-    std::wstring m_mimeType;
-    std::wstring m_extension;
-    std::wstring m_fileType;
-    ScopedRegistryKey m_mimeKey;
-    ScopedRegistryKey m_extensionKey;
-    ScopedRegistryKey m_fileTypeKey;
-    bool m_valid = false;
 };
+
+template <class Ch>
+using String = std::basic_string<Ch>;
+
+// ASCII text in width Ch.
+template <class Ch>
+String<Ch> Of(const std::wstring& ascii) {
+    return String<Ch>(ascii.begin(), ascii.end());
+}
+
+// Of a pair of twins (functions, entry names), the one of width Ch.
+template <class Ch, class A, class W>
+auto Pick(A narrow, W wide) {
+    return std::get<std::is_same<Ch, wchar_t>::value>(std::make_tuple(narrow, wide));
+}
