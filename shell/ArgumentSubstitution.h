@@ -8,23 +8,21 @@
 #include <string>
 #include <vector>
 
+#include "shell/CommandTemplate.h"
+
 namespace zrk {
 namespace detail {
 
 template <class Ch>
 struct SubstitutionLiterals;
 template <>
-struct SubstitutionLiterals<char> {
-    static constexpr char kQuote = '"';
-    static constexpr char kBlank = ' ';
+struct SubstitutionLiterals<char> : CommandTemplateLiterals<char> {
     // In the order of the passes. A quoted pattern's quotes are part of the
     // match, so a place the template quoted does not end up quoted twice.
     static constexpr const char* kPatterns[6] = {"\"%1\"", "%1", "\"%L\"", "%L", "\"%l\"", "%l"};
 };
 template <>
-struct SubstitutionLiterals<wchar_t> {
-    static constexpr wchar_t kQuote = L'"';
-    static constexpr wchar_t kBlank = L' ';
+struct SubstitutionLiterals<wchar_t> : CommandTemplateLiterals<wchar_t> {
     static constexpr const wchar_t* kPatterns[6] = {L"\"%1\"", L"%1", L"\"%L\"",
                                                     L"%L",     L"\"%l\"", L"%l"};
 };
