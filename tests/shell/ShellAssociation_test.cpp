@@ -1,11 +1,15 @@
 // The association lookups against a real registry and the real shell, and
 // the template parser's exact cuts.
+#include <windows.h>
+#include <shlwapi.h>
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "shell/ShellRegistration.h"
+#include "support/ImportPatch.h"
 
 namespace {
 
@@ -77,6 +81,29 @@ TYPED_TEST(ShellAssociation, LookupsGiveTheRegisteredValuesOrLeaveTheirOutputsAs
     EXPECT_FALSE(Pick<Ch>(&zrkOpenVerbTemplateFromExtensionA, &zrkOpenVerbTemplateFromExtensionW)(
         Text<Ch>(".zrk-never-registered"), &command));
     EXPECT_TRUE(command.empty());
+}
+
+
+// The shell announces a command (size 10) and then fails to deliver it; the
+// second query must get the announced size, and the output ends up empty.
+std::vector<DWORD> g_assocSizes;
+HRESULT WINAPI AnnounceThenFail(ASSOCF, ASSOCSTR, const char*, const char*, char* out,
+                                DWORD* size) {
+    g_assocSizes.push_back(*size);
+    if (out == nullptr) {
+        *size = 10;
+        return S_FALSE;
+    }
+    return E_FAIL;
+}
+
+TEST(ShellAssociationCommand, ASecondQueryThatFailsEmptiesTheOutput) {
+    ImportPatch patch(CoreModule(), "SHLWAPI.dll", "AssocQueryStringA", (void*)&AnnounceThenFail);
+    ASSERT_TRUE(patch.Active());
+    std::string command = "old";
+    EXPECT_FALSE(zrkOpenVerbTemplateFromExtensionA(".txt", &command));
+    EXPECT_TRUE(command.empty());
+    EXPECT_EQ(g_assocSizes, (std::vector<DWORD>{0, 10}));
 }
 
 }  // namespace
