@@ -3,7 +3,10 @@
 #include <string>
 
 #include "frame/Export.h"
-#include "sync/AtomicLock.h"
+
+// The type of an exported static member below; the member is defined, and
+// the type needed, only where the library's static objects are.
+class AtomicLock;
 
 // The library's log entry points. Every entry is inert: it reads neither its
 // format text nor its arguments and returns at once, so a format that asks

@@ -1,10 +1,15 @@
 #!/usr/bin/env bash
-# Builds zrkCore with its tests and runs the whole suite under Wine: the unit
-# and end-to-end tests of every subsystem, the export-table check, and an
+# Builds zrkCore with its tests and runs the whole suite: the Windows-free
+# layer built natively under the sanitizers, then, under Wine, the unit and
+# end-to-end tests of every subsystem, the export-table check, and an
 # application built against the installed package.
 source "$(dirname "$0")/common.sh"
 
+native="$root/build/native"
+cmake -G Ninja -S "$root/tests/native" -B "$native" -DCMAKE_BUILD_TYPE=Debug >/dev/null
+cmake --build "$native"
+ctest --test-dir "$native" --output-on-failure --no-tests=error
+
 build="$root/build/test"
 zrk_build "$build" Debug ON
-cd "$build"
-ctest --output-on-failure --timeout 900
+ctest --test-dir "$build" --output-on-failure --no-tests=error --timeout 900

@@ -16,15 +16,8 @@
 namespace {
 
 template <class Ch>
-using String = std::basic_string<Ch>;
-template <class Ch>
 using Finder = std::conditional_t<sizeof(Ch) == 1, FileFindA, FileFindW>;
 using Found = std::multiset<std::wstring>;
-
-template <class Ch>
-String<Ch> Of(const std::wstring& ascii) {
-    return String<Ch>(ascii.begin(), ascii.end());
-}
 
 // Keeps the reported paths relative to `root` ("sub\c.txt") and answers
 // `answer` to each.
@@ -62,7 +55,7 @@ protected:
     Found Find(const wchar_t* pattern, unsigned int maxDepth, const wchar_t* rootSuffix = L"",
                int answer = 0) {
         Collector<Ch> collector(m_tree.Path(), answer);
-        Finder<Ch>(&collector, Of<Ch>(m_tree.Path() + rootSuffix), Of<Ch>(pattern), maxDepth)
+        Finder<Ch>(&collector, Text<Ch>(m_tree.Path() + rootSuffix), Text<Ch>(pattern), maxDepth)
             .Search();
         return collector.found;
     }
@@ -104,9 +97,9 @@ TYPED_TEST(FileFind, WithoutARootTheSearchKeepsTheFolderCurrentAtConstruction) {
     Collector<Ch> collector(this->m_tree.Path(), 0);
     Finder<Ch> finder = [&] {
         ScopedCurrentDirectory inTree(this->m_tree.Path());
-        return Finder<Ch>(&collector, Of<Ch>(L"a.txt"), 1);
+        return Finder<Ch>(&collector, Text<Ch>(L"a.txt"), 1);
     }();
-    EXPECT_EQ(finder.SearchRootDirectory(), Of<Ch>(this->m_tree.Path()));
+    EXPECT_EQ(finder.SearchRootDirectory(), Text<Ch>(this->m_tree.Path()));
     finder.Search();
     EXPECT_EQ(collector.found, Found{L"a.txt"});
 

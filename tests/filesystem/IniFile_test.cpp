@@ -21,7 +21,7 @@ protected:
 
     // The temporary folder's path is ASCII, so it reads the same in both widths.
     String PathOf(const std::string& name) const {
-        return T(Narrow(m_folder.Join(Text<wchar_t>(name.c_str()))));
+        return T(Text<char>(m_folder.Join(Text<wchar_t>(name.c_str()))));
     }
 
     SmartPtr<File> Load(const char* name, const std::string& content) {

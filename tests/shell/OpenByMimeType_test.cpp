@@ -27,7 +27,7 @@ template <class Ch>
 auto Open(const std::wstring& mimeType, const std::wstring& path, bool fallback) {
     return [=] {
         return Pick<Ch>(&zrkOpenFileByMimeTypeA, &zrkOpenFileByMimeTypeW)(
-            Of<Ch>(mimeType), Of<Ch>(path).c_str(), fallback);
+            Text<Ch>(mimeType), Text<Ch>(path).c_str(), fallback);
     };
 }
 

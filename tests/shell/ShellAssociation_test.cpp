@@ -46,10 +46,10 @@ TYPED_TEST(ShellAssociation, LookupsGiveTheRegisteredValuesOrLeaveTheirOutputsAs
     using Ch = TypeParam;
     const auto toExtension = Pick<Ch>(&zrkMimeTypeToExtensionA, &zrkMimeTypeToExtensionW);
     ShellRegistration registration;
-    const String<Ch> mimeType = Of<Ch>(registration.mimeType), unchanged = Text<Ch>("unchanged");
+    const String<Ch> mimeType = Text<Ch>(registration.mimeType), unchanged = Text<Ch>("unchanged");
     String<Ch> extension;
     EXPECT_TRUE(toExtension(mimeType, &extension));
-    EXPECT_EQ(extension, Of<Ch>(registration.extension));
+    EXPECT_EQ(extension, Text<Ch>(registration.extension));
 
     // The empty type names the database's own key, which has no "Extension".
     extension = unchanged;

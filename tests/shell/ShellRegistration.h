@@ -2,13 +2,11 @@
 
 // What the shell tests share: a registration in HKEY_CLASSES_ROOT (a MIME
 // type mapped to an extension whose file type has an "open" command) under
-// names unique to this process, removed on destruction; and width helpers.
+// names unique to this process, removed on destruction.
 
 #include <windows.h>
 
 #include <string>
-#include <tuple>
-#include <type_traits>
 
 #include "support/ScopedState.h"
 #include "zrkCore.h"
@@ -28,18 +26,3 @@ struct ShellRegistration {
         return fileTypeKey.SetString(L"shell\\open\\command", L"", command);
     }
 };
-
-template <class Ch>
-using String = std::basic_string<Ch>;
-
-// ASCII text in width Ch.
-template <class Ch>
-String<Ch> Of(const std::wstring& ascii) {
-    return String<Ch>(ascii.begin(), ascii.end());
-}
-
-// Of a pair of twins (functions, entry names), the one of width Ch.
-template <class Ch, class A, class W>
-auto Pick(A narrow, W wide) {
-    return std::get<std::is_same<Ch, wchar_t>::value>(std::make_tuple(narrow, wide));
-}

@@ -42,7 +42,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::PathA() const {
-    return Narrow(m_path);
+    return Text<char>(m_path);
 }
 
 std::wstring TempFolder::Join(const std::wstring& relative) const {
@@ -74,14 +74,6 @@ bool WriteTextFile(const std::wstring& path, const std::string& content) {
     std::ofstream out(std::filesystem::path(path), std::ios::binary | std::ios::trunc);
     out << content;
     return static_cast<bool>(out);
-}
-
-std::string Narrow(const std::wstring& ascii) {
-    std::string out;
-    for (wchar_t c : ascii) {
-        out += static_cast<char>(c);
-    }
-    return out;
 }
 
 ScopedRegistryKey::ScopedRegistryKey(HKEY root, const std::wstring& path)

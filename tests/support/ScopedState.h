@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "support/Text.h"
+
 // Saves an environment variable (or its absence) and restores it on
 // destruction. The optional value is set at once.
 class ScopedEnvironmentVariable {
@@ -86,16 +88,3 @@ private:
     std::wstring m_path;
     HKEY m_key = nullptr;
 };
-
-// ASCII text in either width, for tests that run over both.
-template <class Ch>
-std::basic_string<Ch> Text(const char* ascii) {
-    std::basic_string<Ch> out;
-    for (; *ascii != '\0'; ++ascii) {
-        out += static_cast<Ch>(*ascii);
-    }
-    return out;
-}
-
-// Narrow text of wide ASCII-only text.
-std::string Narrow(const std::wstring& ascii);

@@ -17,6 +17,7 @@
 
 #include "frame/ClassID.h"
 #include "frame/Console.h"
+#include "sync/AtomicLock.h"
 
 // 5
 AtomicLock Console::s_threadLock;
