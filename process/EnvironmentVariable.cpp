@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "frame/EmbeddedNul.h"
 #include "process/EnvironmentArray.h"
 
 namespace {
@@ -36,8 +37,19 @@ struct EnvironmentApi<wchar_t> {
 template <class Ch>
 using String = std::basic_string<Ch>;
 
+using zrk::detail::HasEmbeddedNul;
+
+// SetEnvironmentVariable is documented to answer TRUE, that is 1, on success.
+// Only that answer counts as success: another non-zero value is no answer the
+// platform promises, so it is not taken to mean that anything was set.
+constexpr BOOL kPlatformSuccess = 1;
+
 template <class Ch>
 bool Exists(const String<Ch>& name) {
+    // The platform would look up the name only up to its zero unit.
+    if (HasEmbeddedNul(name)) {
+        return false;
+    }
     if (EnvironmentApi<Ch>::Get(name.c_str(), nullptr, 0) != 0) {
         return true;
     }
@@ -46,7 +58,7 @@ bool Exists(const String<Ch>& name) {
 
 template <class Ch>
 bool GetString(const String<Ch>& name, String<Ch>* value) {
-    if (name.empty() || value == nullptr) {
+    if (name.empty() || value == nullptr || HasEmbeddedNul(name)) {
         return false;
     }
     // The size query counts the terminator; the read does not.
@@ -79,13 +91,14 @@ bool GetArray(const String<Ch>& name, std::vector<String<Ch>>* values) {
 
 template <class Ch>
 bool SetString(const String<Ch>& name, const String<Ch>& value, bool createIfMissing) {
-    if (name.empty() || value.empty() || value.size() > kLongestValue) {
+    if (name.empty() || value.empty() || value.size() > kLongestValue ||
+        HasEmbeddedNul(name) || HasEmbeddedNul(value)) {
         return false;
     }
     if (!createIfMissing && !Exists(name)) {
         return false;
     }
-    return EnvironmentApi<Ch>::Set(name.c_str(), value.c_str()) == 1;
+    return EnvironmentApi<Ch>::Set(name.c_str(), value.c_str()) == kPlatformSuccess;
 }
 
 template <class Ch>
@@ -99,10 +112,10 @@ bool SetArray(const String<Ch>& name, const std::vector<String<Ch>>& values,
 
 template <class Ch>
 bool Delete(const String<Ch>& name) {
-    if (name.empty()) {
+    if (name.empty() || HasEmbeddedNul(name)) {
         return false;
     }
-    return EnvironmentApi<Ch>::Set(name.c_str(), nullptr) == 1;
+    return EnvironmentApi<Ch>::Set(name.c_str(), nullptr) == kPlatformSuccess;
 }
 
 }  // namespace

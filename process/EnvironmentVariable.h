@@ -13,6 +13,11 @@
 // form with std::wstring for std::string, and calls the platform's wide
 // entries.
 //
+// A name or value that holds a zero character is refused before any platform
+// call (the platform would read it only up to that character and act on
+// another variable or a shorter value): Exists answers false, and every other
+// operation answers false with its output and the environment unchanged.
+//
 // Threads: there is no lock. The environment is the process's, and every
 // operation is one or two separate platform calls on it, so a variable that
 // another thread changes meanwhile can make a read fail (see GetStringA).
