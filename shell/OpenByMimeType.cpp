@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "frame/EmbeddedNul.h"
 #include "shell/ArgumentSubstitution.h"
 #include "shell/ShellAssociation.h"
 
@@ -88,6 +89,10 @@ bool ShellExecuteWithFallback(const Ch* verb, const Ch* file, const Ch* fallback
 template <class Ch>
 bool OpenFileByMimeType(const String<Ch>& mimeType, const Ch* filePath, bool shellFallback) {
     using Api = LaunchApi<Ch>;
+    // Bad input: fails before the lookups, the launch and the fallback alike.
+    if (zrk::detail::HasEmbeddedNul(mimeType)) {
+        return false;
+    }
     const String<Ch> quotedPath = zrk::detail::QuotePath(filePath);
 
     auto shellFallbackWith = [&](const Ch* path) {

@@ -63,6 +63,10 @@ ZRK_API bool zrkShellExecuteW(const wchar_t* verb, const wchar_t* file,
 // forms: after a failed launch of the registered program (step 4) both hand
 // it the quoted path; after a failed lookup (step 2) the narrow form hands it
 // the quoted path and the wide form `filePath` exactly as the caller gave it.
+//
+// A mimeType that holds a zero unit is bad input: false at once, before any
+// platform call, so no lookup, no launch and no shell fallback, whatever
+// `shellFallback` says.
 ZRK_API bool zrkOpenFileByMimeTypeA(const std::string& mimeType, const char* filePath,
                                     bool shellFallback);
 ZRK_API bool zrkOpenFileByMimeTypeW(const std::wstring& mimeType, const wchar_t* filePath,

@@ -5,12 +5,12 @@
 
 #include <vector>
 
+#include "frame/EmbeddedNul.h"
 #include "shell/CommandTemplate.h"
+#include "shell/RegistryText.h"
 
 namespace {
 
-// KEY_READ.
-constexpr REGSAM kKeyAccess = 0x20019;
 // The data size offered for the "Extension" value, in bytes in both widths.
 constexpr DWORD kExtensionValueBytes = 260;
 
@@ -25,7 +25,7 @@ struct AssociationApi<char> {
     static constexpr const char* kOpenVerb = "open";
 
     static LSTATUS OpenKey(const char* path, HKEY* key) {
-        return RegOpenKeyExA(HKEY_CLASSES_ROOT, path, 0, kKeyAccess, key);
+        return RegOpenKeyExA(HKEY_CLASSES_ROOT, path, 0, KEY_READ, key);
     }
     static LSTATUS QueryValue(HKEY key, const char* name, BYTE* data, DWORD* size) {
         return RegQueryValueExA(key, name, nullptr, nullptr, data, size);
@@ -42,7 +42,7 @@ struct AssociationApi<wchar_t> {
     static constexpr const wchar_t* kOpenVerb = L"open";
 
     static LSTATUS OpenKey(const wchar_t* path, HKEY* key) {
-        return RegOpenKeyExW(HKEY_CLASSES_ROOT, path, 0, kKeyAccess, key);
+        return RegOpenKeyExW(HKEY_CLASSES_ROOT, path, 0, KEY_READ, key);
     }
     static LSTATUS QueryValue(HKEY key, const wchar_t* name, BYTE* data, DWORD* size) {
         return RegQueryValueExW(key, name, nullptr, nullptr, data, size);
@@ -52,41 +52,54 @@ struct AssociationApi<wchar_t> {
     }
 };
 
+// One open registry key, closed on every way out.
+class RegistryKey {
+public:
+    explicit RegistryKey(HKEY key) : m_key(key) {}
+    ~RegistryKey() { RegCloseKey(m_key); }
+    RegistryKey(const RegistryKey&) = delete;
+    RegistryKey& operator=(const RegistryKey&) = delete;
+
+    HKEY Handle() const { return m_key; }
+
+private:
+    HKEY m_key;
+};
+
 template <class Ch>
 using String = std::basic_string<Ch>;
 
 template <class Ch>
 bool MimeTypeToExtension(const String<Ch>& mimeType, String<Ch>* extension) {
     using Api = AssociationApi<Ch>;
-    const String<Ch> path = Api::kMimeDatabase + mimeType;
-    HKEY key = nullptr;
-    if (Api::OpenKey(path.c_str(), &key) != ERROR_SUCCESS) {
+    if (zrk::detail::HasEmbeddedNul(mimeType)) {
         return false;
     }
+    const String<Ch> path = Api::kMimeDatabase + mimeType;
+    HKEY handle = nullptr;
+    if (Api::OpenKey(path.c_str(), &handle) != ERROR_SUCCESS) {
+        return false;
+    }
+    const RegistryKey key(handle);
     // The size is counted in bytes in both widths, so the wide form holds
     // half as many characters.
     Ch buffer[kExtensionValueBytes / sizeof(Ch)] = {};
     DWORD size = kExtensionValueBytes;
-    if (Api::QueryValue(key, Api::kExtensionValue, reinterpret_cast<BYTE*>(buffer), &size) !=
-        ERROR_SUCCESS) {
-        RegCloseKey(key);
+    if (Api::QueryValue(key.Handle(), Api::kExtensionValue, reinterpret_cast<BYTE*>(buffer),
+                        &size) != ERROR_SUCCESS) {
         return false;
     }
-    // Up to the first zero, and no further than the data delivered: a value
-    // stored without terminator (or of another type) ends with its data.
-    const std::size_t delivered = size / sizeof(Ch);
-    std::size_t length = 0;
-    while (length < delivered && buffer[length] != Ch()) {
-        ++length;
-    }
-    extension->assign(buffer, length);
-    RegCloseKey(key);
+    *extension = zrk::detail::RegistryValueText(buffer, size);
     return true;
 }
 
 template <class Ch>
 bool OpenVerbTemplateFromExtension(const String<Ch>& extension, String<Ch>* commandTemplate) {
     using Api = AssociationApi<Ch>;
+    if (zrk::detail::HasEmbeddedNul(extension)) {
+        commandTemplate->clear();
+        return false;
+    }
     // Without a buffer the shell only reports the characters it needs,
     // terminator included; the call's own result says nothing reliable then.
     DWORD size = 0;

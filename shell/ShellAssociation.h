@@ -27,7 +27,9 @@
 // 259 characters and the wide form only up to 129 UTF-16 units (plus the
 // terminator). A longer value, a missing value and a missing key give false
 // and leave *extension unchanged. An empty value gives true and an empty
-// *extension.
+// *extension. A mimeType that holds a zero unit would name a shorter key than
+// the caller's: it gives false with *extension unchanged, and the registry is
+// not asked.
 ZRK_API bool zrkMimeTypeToExtensionA(const std::string& mimeType, std::string* extension);
 ZRK_API bool zrkMimeTypeToExtensionW(const std::wstring& mimeType, std::wstring* extension);
 
@@ -35,8 +37,9 @@ ZRK_API bool zrkMimeTypeToExtensionW(const std::wstring& mimeType, std::wstring*
 // the "open" verb of `extension` (with its dot: ".txt"; an empty extension is
 // asked like any other) and answers true with it in *commandTemplate. There
 // is no fixed limit on the command's length. On false *commandTemplate is
-// empty: when the shell knows no such command, and when it fails to deliver
-// the command it announced.
+// empty: when the shell knows no such command, when it fails to deliver
+// the command it announced, and when `extension` holds a zero unit (the shell
+// is then not asked).
 ZRK_API bool zrkOpenVerbTemplateFromExtensionA(const std::string& extension,
                                                std::string* commandTemplate);
 ZRK_API bool zrkOpenVerbTemplateFromExtensionW(const std::wstring& extension,

@@ -1,13 +1,6 @@
 #pragma once
-
-// What the shell tests share: a registration in HKEY_CLASSES_ROOT (a MIME
-// type mapped to an extension whose file type has an "open" command) under
-// names unique to this process, removed on destruction.
-
-#include <windows.h>
-
-#include <string>
-
+// A MIME type mapped to an extension whose "open" command SetCommand sets, in
+// HKEY_CLASSES_ROOT under names unique to this process; removed on destruction.
 #include "support/ScopedState.h"
 #include "zrkCore.h"
 
@@ -16,13 +9,8 @@ struct ShellRegistration {
     const std::wstring mimeType = L"application/x-zrk-test-" + id, extension = L".zrk" + id;
     ScopedRegistryKey mimeKey{HKEY_CLASSES_ROOT, L"Mime\\Database\\Content Type\\" + mimeType};
     ScopedRegistryKey extensionKey{HKEY_CLASSES_ROOT, extension};
-    ScopedRegistryKey fileTypeKey{HKEY_CLASSES_ROOT, L"zrk.test." + id};
-
-    ShellRegistration() {
-        mimeKey.SetString(L"", L"Extension", extension);
-        extensionKey.SetString(L"", L"", L"zrk.test." + id);
-    }
+    ShellRegistration() { mimeKey.SetString(L"", L"Extension", extension); }
     bool SetCommand(const std::wstring& command) {
-        return fileTypeKey.SetString(L"shell\\open\\command", L"", command);
+        return extensionKey.SetString(L"shell\\open\\command", L"", command);
     }
 };
