@@ -27,6 +27,12 @@
 // pattern lists nothing, so nothing is reported, but the tree is still
 // walked. Nothing guards against links that lead back up the tree; with no
 // depth limit such a walk ends where the platform refuses the longer path.
+// The walk keeps its pending folders on the heap, not in recursion, so its
+// use of the calling thread's stack does not grow with the tree's depth.
+//
+// A root directory or a pattern that holds a zero unit is refused: the
+// platform would read it only up to that unit and list another folder.
+// Search then reports nothing and makes no platform call.
 //
 // Failures are never reported: a root that is missing or can't be listed
 // gives a search without a single call to the receiver, and a folder that
@@ -78,7 +84,8 @@ public:
     FileFindA& operator=(const FileFindA&) = delete;
 
     // Runs the whole search; may be called again and starts over on the tree
-    // as it is then.
+    // as it is then. Reports nothing, without a platform call, when the root
+    // directory or the pattern holds a zero unit.
     void Search();
 
     // The root directory exactly as stored.
@@ -93,7 +100,8 @@ protected:
     // Searches `folder` at level `depth` (nothing at all beyond the depth
     // limit): with `descend` false reports its matches of `pattern` and goes
     // no deeper; with `descend` true does that and then searches each
-    // sub-folder at depth + 1 the same way.
+    // sub-folder at depth + 1 the same way. Nothing at all, and no platform
+    // call, when `folder` or `pattern` holds a zero unit.
     void FindFilesInFolder(const std::string& folder, const std::string& pattern,
                            unsigned int depth, bool descend);
 

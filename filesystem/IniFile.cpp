@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "filesystem/ProfileList.h"
+#include "frame/EmbeddedNul.h"
 
 namespace {
 
@@ -92,11 +93,13 @@ void DeleteSections(SectionMap& sections, DestroySection destroy) {
 
 // Fills `sections` with a new section from `make(absolutePath, name)` for
 // each section name of the file at `path`; the first of repeated names
-// stays. If the absolute path cannot be formed (an empty path, or one whose
-// absolute form does not fit the buffer, so the platform writes nothing or
-// leaves it unterminated), no profile call is made and no section results:
-// an empty name would send the platform looking for some file other than
-// the caller's.
+// stays. A path that holds a zero unit would reach the platform cut short,
+// naming another file; it gets no platform call at all and no section. If
+// the absolute path cannot be formed (an empty path, or one whose absolute
+// form does not fit the buffer, so the platform writes nothing or leaves it
+// unterminated), no profile call is made and no section results: an empty
+// name would send the platform looking for some file other than the
+// caller's.
 //
 // If an allocation fails, the sections made so far are deleted with
 // `destroy` before the exception goes on, so the half-built file owns
@@ -104,6 +107,9 @@ void DeleteSections(SectionMap& sections, DestroySection destroy) {
 template <class Ch, class SectionMap, class MakeSection, class DestroySection>
 void LoadSections(const String<Ch>& path, SectionMap& sections, MakeSection make,
                   DestroySection destroy) {
+    if (zrk::detail::HasEmbeddedNul(path)) {
+        return;
+    }
     try {
         std::vector<Ch> absolute = ZeroBuffer<Ch>(kAbsolutePathSize);
         ProfileApi<Ch>::FullPath(path.c_str(), absolute.data(), kAbsolutePathSize);

@@ -99,8 +99,11 @@ public:
     // holder; never null. The file's state is not reported: a missing,
     // unreadable or empty file, a file without sections, and an empty path
     // or one whose absolute form does not fit its buffer all give an object
-    // with no sections. Only memory exhaustion ends the load, with the
-    // allocation's exception and no object.
+    // with no sections. So does a path that holds a zero unit, which the
+    // platform would read only up to that unit: it is refused before any
+    // platform call. GetFilePath gives the path as given in every case.
+    // Only memory exhaustion ends the load, with the allocation's exception
+    // and no object.
     static SmartPtr<IniFileA> LoadFile(const std::string& path);
 
     // Deletes every section: section pointers die with the file.
@@ -168,6 +171,7 @@ public:
     using SectionIterator = SectionMap::iterator;
     using ConstSectionIterator = SectionMap::const_iterator;
 
+    // As IniFileA::LoadFile, with wide text.
     static SmartPtr<IniFileW> LoadFile(const std::wstring& path);
 
     ~IniFileW() override;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "filesystem/PathText.h"
+#include "frame/EmbeddedNul.h"
 #include "process/EnvironmentVariable.h"
 
 namespace {
@@ -47,6 +48,12 @@ bool EnsurePath(std::basic_string<Ch>& path, PathKind kind) {
     using Api = PathApi<Ch>;
     using String = std::basic_string<Ch>;
 
+    // The platform would read such a text only up to its zero unit and
+    // act on another path than the caller's; it is refused before the
+    // environment or the platform is asked anything.
+    if (zrk::detail::HasEmbeddedNul(path)) {
+        return false;
+    }
     String work = path;
     zrk::detail::RewriteSeparators(work);
     if (!zrk::detail::ExpandReferences(work, &Api::Lookup)) {
@@ -72,9 +79,12 @@ bool EnsurePath(std::basic_string<Ch>& path, PathKind kind) {
     }
 
     const Ch* begin = buffer.data();
-    const bool hasLast = last != nullptr && last >= begin && last < begin + needed;
     const String full(begin);
-    const String folder = hasLast ? String(begin, static_cast<const Ch*>(last)) : full;
+    // The final-component pointer is null when the path ends in a
+    // separator; one outside the written text is treated the same way.
+    const bool hasLast = last != nullptr && last >= begin && last < begin + full.size();
+    const String folder = zrk::detail::FolderPart(
+        full, hasLast ? static_cast<std::size_t>(last - begin) : String::npos);
 
     const int created = Api::CreateFolder(folder.c_str());
     if (created != ERROR_SUCCESS && created != ERROR_ALREADY_EXISTS) {

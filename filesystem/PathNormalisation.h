@@ -24,6 +24,10 @@
 // when a replacement would make the text longer than 32767 characters; the
 // call then fails before any folder is touched.
 //
+// A path that holds a zero unit is refused: the platform would read it only
+// up to that unit and act on another path. The call then fails at once,
+// before any environment lookup or platform call.
+//
 // On false the argument holds exactly what the caller gave; folders that the
 // platform created before a failure in step 4 stay. The narrow overloads
 // call the platform's A entries, the wide ones its W entries.

@@ -1,9 +1,9 @@
 #pragma once
 
-// The text steps of path normalisation: separator rewriting and the
-// expansion of %NAME% references. Pure functions over either character
-// width; the variable lookup comes in as a callable, so nothing here calls
-// the platform.
+// The text steps of path normalisation: separator rewriting, the expansion
+// of %NAME% references, and the split of a full path into its folder part.
+// Pure functions over either character width; the variable lookup comes in
+// as a callable, so nothing here calls the platform.
 
 #include <string>
 
@@ -79,6 +79,16 @@ bool ExpandReferences(std::basic_string<Ch>& text, Lookup&& lookup) {
         scan = 0;
     }
     return true;
+}
+
+// The folder part of the full path `full`, given the position at which its
+// final component starts: the text up to that position, which ends in the
+// separator before the component. A path that ends in a separator has no
+// final component; `finalComponent` is then npos (or any position at or
+// behind the end) and the folder part is the whole path.
+template <class Ch>
+std::basic_string<Ch> FolderPart(const std::basic_string<Ch>& full, std::size_t finalComponent) {
+    return finalComponent < full.size() ? full.substr(0, finalComponent) : full;
 }
 
 }  // namespace detail
