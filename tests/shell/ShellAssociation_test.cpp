@@ -30,7 +30,8 @@ TYPED_TEST(ShellAssociationTest, MimeLookupReadsAtMost260BytesOrLeavesItsOutput)
         EXPECT_EQ(out, length == longest ? String<Ch>(length, 'x') : kept);
     }
     const Ch binary[] = {'.', 'a', 0, 'c'};  // data of another type, cut at its zero
-    ASSERT_TRUE(registration.mimeKey.SetValue(L"Extension", REG_BINARY, binary, sizeof(binary)));
+    ASSERT_TRUE(
+        registration.mimeKey.SetValue(L"", L"Extension", REG_BINARY, binary, sizeof(binary)));
     EXPECT_TRUE(toExtension(mimeType, &out));
     EXPECT_EQ(out, Text<Ch>(".a"));
 }

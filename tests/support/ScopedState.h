@@ -1,45 +1,68 @@
 #pragma once
 
-// Test helpers that change process-wide state and put it back in their
+// Test helpers that change process-wide state (the environment, the current
+// folder, the file system, the registry) and put it back in their
 // destructors, so that a failing test cannot poison the next one.
 
 #include <windows.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "support/Text.h"
 
-// Saves an environment variable (or its absence) and restores it on
-// destruction. The optional value is set at once.
+// Saves an environment variable (or its absence), optionally sets it at
+// once, and restores it on destruction.
 class ScopedEnvironmentVariable {
 public:
-    explicit ScopedEnvironmentVariable(const std::wstring& name);
-    ScopedEnvironmentVariable(const std::wstring& name, const std::wstring& value);
-    ~ScopedEnvironmentVariable();
-
+    explicit ScopedEnvironmentVariable(const std::wstring& name)
+        : m_name(name), m_saved(32768, L'\0') {
+        SetLastError(0);  // an empty value reads as 0 characters, with no error
+        const DWORD length = GetEnvironmentVariableW(name.c_str(), &m_saved[0], 32768);
+        m_existed = length != 0 || GetLastError() != ERROR_ENVVAR_NOT_FOUND;
+        m_saved.resize(length);
+    }
+    ScopedEnvironmentVariable(const std::wstring& name, const std::wstring& value)
+        : ScopedEnvironmentVariable(name) {
+        SetEnvironmentVariableW(name.c_str(), value.c_str());
+    }
+    ~ScopedEnvironmentVariable() {
+        SetEnvironmentVariableW(m_name.c_str(), m_existed ? m_saved.c_str() : nullptr);
+    }
     ScopedEnvironmentVariable(const ScopedEnvironmentVariable&) = delete;
     ScopedEnvironmentVariable& operator=(const ScopedEnvironmentVariable&) = delete;
 
 private:
-    std::wstring m_name;
-    std::wstring m_saved;
-    bool m_existed = false;
+    std::wstring m_name, m_saved;
+    bool m_existed;
 };
 
 // A new, empty folder under the temporary folder, removed with all its
-// contents on destruction. Paths come back without a trailing separator.
+// contents on destruction. Its path has no trailing separator.
 class TempFolder {
 public:
-    TempFolder();
-    ~TempFolder();
-
+    TempFolder() {
+        static unsigned counter = 0;
+        m_path = (std::filesystem::temp_directory_path() /
+                  (L"zrk-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                   std::to_wstring(++counter)))
+                     .wstring();
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+        std::filesystem::create_directories(m_path);
+    }
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
     const std::wstring& Path() const { return m_path; }
-    std::string PathA() const;
+    std::string PathA() const { return Text<char>(m_path); }
     // Path() + "\" + relative.
-    std::wstring Join(const std::wstring& relative) const;
+    std::wstring Join(const std::wstring& relative) const { return m_path + L"\\" + relative; }
 
 private:
     std::wstring m_path;
@@ -49,39 +72,66 @@ private:
 // destruction.
 class ScopedCurrentDirectory {
 public:
-    explicit ScopedCurrentDirectory(const std::wstring& folder);
-    ~ScopedCurrentDirectory();
-
+    explicit ScopedCurrentDirectory(const std::wstring& folder)
+        : m_previous(std::filesystem::current_path()) {
+        std::filesystem::current_path(folder);
+    }
+    ~ScopedCurrentDirectory() { SetCurrentDirectoryW(m_previous.c_str()); }
     ScopedCurrentDirectory(const ScopedCurrentDirectory&) = delete;
     ScopedCurrentDirectory& operator=(const ScopedCurrentDirectory&) = delete;
 
 private:
-    std::wstring m_previous;
+    std::filesystem::path m_previous;
 };
 
-bool FolderExists(const std::wstring& path);
-bool FileExists(const std::wstring& path);
+inline bool FolderExists(const std::wstring& path) {
+    return std::filesystem::is_directory(path);
+}
+
 // Writes `content` to a new file (replacing an old one); true on success.
-bool WriteTextFile(const std::wstring& path, const std::string& content);
+inline bool WriteTextFile(const std::wstring& path, const std::string& content) {
+    std::ofstream out(std::filesystem::path(path), std::ios::binary | std::ios::trunc);
+    return static_cast<bool>(out << content);
+}
 
 // Creates the registry key `root`\`path`, which must not exist yet, and
 // deletes it with every key and value below it on destruction. A key that
-// exists already is left alone and the object is not Valid. Keys above it
-// that the constructor had to create stay.
+// exists already is left alone, and every Set then fails. Keys above it that
+// the constructor had to create stay.
 class ScopedRegistryKey {
 public:
-    ScopedRegistryKey(HKEY root, const std::wstring& path);
-    ~ScopedRegistryKey();
-
+    ScopedRegistryKey(HKEY root, const std::wstring& path) : m_root(root), m_path(path) {
+        DWORD disposition = 0;
+        if (RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key,
+                            &disposition) == ERROR_SUCCESS &&
+            disposition != REG_CREATED_NEW_KEY) {
+            RegCloseKey(m_key);
+            m_key = nullptr;
+        }
+    }
+    ~ScopedRegistryKey() {
+        if (m_key != nullptr) {
+            RegCloseKey(m_key);
+            RegDeleteTreeW(m_root, m_path.c_str());
+        }
+    }
     ScopedRegistryKey(const ScopedRegistryKey&) = delete;
     ScopedRegistryKey& operator=(const ScopedRegistryKey&) = delete;
 
-    bool Valid() const { return m_key != nullptr; }
     // Sets a value of the key, or of `subKey` below it (created if need be;
     // empty: the key itself). An empty `name` sets the default value.
+    bool SetValue(const std::wstring& subKey, const std::wstring& name, DWORD type,
+                  const void* data, DWORD size) {
+        return m_key != nullptr &&
+               RegSetKeyValueW(m_key, subKey.empty() ? nullptr : subKey.c_str(),
+                               name.empty() ? nullptr : name.c_str(), type, data,
+                               size) == ERROR_SUCCESS;
+    }
     bool SetString(const std::wstring& subKey, const std::wstring& name,
-                   const std::wstring& value);
-    bool SetValue(const std::wstring& name, DWORD type, const void* data, DWORD size);
+                   const std::wstring& value) {
+        return SetValue(subKey, name, REG_SZ, value.c_str(),
+                        static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+    }
 
 private:
     HKEY m_root;
