@@ -54,7 +54,7 @@ TEST(SmartPtrTest, ConcurrentHoldersKeepAnAtomicCountExact) {
     std::atomic<int> deaths{0};
     SmartPtr<Target> held(new Target(&deaths));
     RunOnThreads(4, [&](int) {
-        for (int i = 0; i < 100000; ++i) SmartPtr<Target> copy(held);
+        for (int i = 0; i < 1000000; ++i) SmartPtr<Target> copy(held);
     });
     EXPECT_EQ(deaths.load(), 0);
     held.reset();

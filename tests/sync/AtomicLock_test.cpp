@@ -38,7 +38,7 @@ TEST(AtomicLockTest, NoTwoThreadsRacingTheirTriesHoldTheLockAtOnce) {
     AtomicLock lock;
     std::atomic<int> holders{0}, overlaps{0};
     RunOnThreads(4, [&](int) {
-        for (int i = 0; i < 100000; ++i) {
+        for (int i = 0; i < 1000000; ++i) {
             if (!lock.TryLock()) continue;
             overlaps += ++holders != 1;
             --holders;
