@@ -13,33 +13,22 @@ class EnvironmentArrayTest : public ::testing::Test {};
 using Widths = ::testing::Types<char, wchar_t>;
 TYPED_TEST_SUITE(EnvironmentArrayTest, Widths);
 
-template <class Ch>
-std::vector<String<Ch>> List(const std::vector<const char*>& items) {
-    std::vector<String<Ch>> out;
-    for (const char* item : items) {
-        out.push_back(Text<Ch>(item));
-    }
-    return out;
-}
-
 TYPED_TEST(EnvironmentArrayTest, SplitAppendsNonEmptyElementsAndJoinKeepsEveryPlace) {
     using Ch = TypeParam;
-    struct Case {
-        const char* text;
-        std::vector<const char*> elements;
-    };
-    for (const Case& c : std::vector<Case>{{"a;;b;", {"a", "b"}}, {";", {}}, {"", {}},
-                                           {"one", {"one"}}, {" a ;b c", {" a ", "b c"}}}) {
-        auto out = List<Ch>({"kept"});
-        zrk::detail::SplitArray(Text<Ch>(c.text), &out);
-        auto expected = List<Ch>({"kept"});
-        for (const auto& element : List<Ch>(c.elements)) {
-            expected.push_back(element);
-        }
-        EXPECT_EQ(out, expected) << c.text;
+    using List = std::vector<String<Ch>>;
+    for (const auto& [text, elements] : std::vector<std::pair<const char*, List>>{
+             {"a;;b;", {Text<Ch>("a"), Text<Ch>("b")}},
+             {";", {}},
+             {"", {}},
+             {" a ;b c", {Text<Ch>(" a "), Text<Ch>("b c")}}}) {
+        List out{Text<Ch>("kept")}, expected = out;
+        expected.insert(expected.end(), elements.begin(), elements.end());
+        zrk::detail::SplitArray(Text<Ch>(text), &out);
+        EXPECT_EQ(out, expected) << text;
     }
-    EXPECT_EQ(zrk::detail::JoinArray(List<Ch>({"a", "", "b;c"})), Text<Ch>("a;;b;c"));
-    EXPECT_EQ(zrk::detail::JoinArray(List<Ch>({""})), String<Ch>());
+    const List withEmpty{Text<Ch>("a"), {}, Text<Ch>("b;c")};
+    EXPECT_EQ(zrk::detail::JoinArray(withEmpty), Text<Ch>("a;;b;c"));
+    EXPECT_EQ(zrk::detail::JoinArray(List{{}}), String<Ch>());
 }
 
 }  // namespace
