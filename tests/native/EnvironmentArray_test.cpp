@@ -8,10 +8,7 @@
 
 namespace {
 
-template <class Ch>
-class EnvironmentArrayTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(EnvironmentArrayTest, Widths);
+ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(EnvironmentArrayTest);
 
 TYPED_TEST(EnvironmentArrayTest, SplitAppendsNonEmptyElementsAndJoinKeepsEveryPlace) {
     using Ch = TypeParam;

@@ -3,6 +3,8 @@
 // Text in either width for tests that run over both. No platform header, so
 // the native tests use it too.
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -30,3 +32,11 @@ template <class Ch, class A, class W>
 auto Pick(A narrow, W wide) {
     return std::get<std::is_same<Ch, wchar_t>::value>(std::make_tuple(narrow, wide));
 }
+
+// Declares `Suite` as a typed test suite that runs each of its TYPED_TESTs
+// twice, with TypeParam char and with TypeParam wchar_t.
+using BothWidths = ::testing::Types<char, wchar_t>;
+#define ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(Suite)   \
+    template <class Ch>                          \
+    class Suite : public ::testing::Test {};     \
+    TYPED_TEST_SUITE(Suite, BothWidths)
