@@ -4,26 +4,19 @@
 
 #include <map>
 
-#include "support/Text.h"
-
 namespace {
 
-template <class Ch>
-class PathTextTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(PathTextTest, Widths);
+using namespace zrk::detail;
 
-TYPED_TEST(PathTextTest, SeparatorsThenReferencesWithRescanFromTheStartAndBounds) {
-    using Ch = TypeParam;
+TEST(PathTextTest, SeparatorsThenReferencesWithRescanFromTheStartAndBounds) {
     const std::map<std::string, std::string> variables = {
         {"A", "1"}, {"E", ""}, {"N", "%A%/n"}, {"Y", "y"}, {"SELF", "%SELF%"}, {"P", "%Q%"},
         {"Q", "%P%"}, {"TWICE", "%TWICE%%TWICE%"}, {"LONG", std::string(32767, 'x')}};
-    auto lookup = [&](const String<Ch>& name, String<Ch>* value) {
-        const auto found = variables.find(Text<char>(name));
-        if (found != variables.end()) {
-            *value = Text<Ch>(found->second);
+    auto lookup = [&](const std::string& name, std::string* value) {
+        if (variables.count(name) != 0) {
+            *value = variables.at(name);
         }
-        return found != variables.end();
+        return variables.count(name) != 0;
     };
     std::string e256;  // 256 replacements are allowed, the 257th is not
     for (int i = 0; i < 256; ++i) {
@@ -35,21 +28,16 @@ TYPED_TEST(PathTextTest, SeparatorsThenReferencesWithRescanFromTheStartAndBounds
         {"%%%A%", "%%1"}, {"%SELF%", "refused"}, {"x%P%", "refused"}, {"%TWICE%", "refused"},
         {e256, ""}, {e256 + "%E%", "refused"}, {"%LONG%", std::string(32767, 'x')},
         {"x%LONG%", "refused"}};
-    for (const auto& c : cases) {
-        String<Ch> text = Text<Ch>(c.first);
-        zrk::detail::RewriteSeparators(text);
-        if (!zrk::detail::ExpandReferences(text, lookup)) {
-            text = Text<Ch>("refused");
-        }
-        EXPECT_EQ(text, Text<Ch>(c.second)) << c.first.substr(0, 24);
+    for (const auto& [given, expected] : cases) {
+        std::string text = given;
+        RewriteSeparators(text);
+        EXPECT_EQ(ExpandReferences(text, lookup) ? text : "refused", expected) << given.size();
     }
 }
 
-TYPED_TEST(PathTextTest, TheFolderPartEndsBeforeTheFinalComponentOrIsTheWholePath) {
-    using Ch = TypeParam;
-    const String<Ch> full = Text<Ch>("C:\\a\\b");
-    EXPECT_EQ(zrk::detail::FolderPart(full, 5), Text<Ch>("C:\\a\\"));
-    EXPECT_EQ(zrk::detail::FolderPart(full, String<Ch>::npos), full);
+TEST(PathTextTest, TheFolderPartEndsBeforeTheFinalComponentOrIsTheWholePath) {
+    EXPECT_EQ(FolderPart(std::string("C:\\a\\b"), 5), "C:\\a\\");
+    EXPECT_EQ(FolderPart(std::string("C:\\a\\b"), std::string::npos), "C:\\a\\b");
 }
 
 }  // namespace
