@@ -11,13 +11,11 @@ TYPED_TEST_SUITE(RegistryTextTest, Widths);
 
 TYPED_TEST(RegistryTextTest, EndsAtTheFirstZeroOrWithTheLastWholeUnitDelivered) {
     using Ch = TypeParam;
+    using zrk::detail::RegistryValueText;
     const Ch data[] = {'.', 'a', 0, 'b', 'c'};
-    const auto text = [&](int from, std::size_t bytes) {
-        return zrk::detail::RegistryValueText(data + from, bytes);
-    };
-    EXPECT_EQ(text(0, sizeof(data)), Text<Ch>(".a"));
-    EXPECT_EQ(text(0, 0), String<Ch>());
-    EXPECT_EQ(text(0, 2 * sizeof(Ch) - 1), Text<Ch>("."));
-    EXPECT_EQ(text(3, 2 * sizeof(Ch)), Text<Ch>("bc"));
-    EXPECT_EQ(text(3, sizeof(Ch)), Text<Ch>("b"));
+    EXPECT_EQ(RegistryValueText(data, sizeof(data)), Text<Ch>(".a"));
+    EXPECT_EQ(RegistryValueText(data, 0), String<Ch>());
+    EXPECT_EQ(RegistryValueText(data, 2 * sizeof(Ch) - 1), Text<Ch>("."));
+    EXPECT_EQ(RegistryValueText(data + 3, 2 * sizeof(Ch)), Text<Ch>("bc"));
+    EXPECT_EQ(RegistryValueText(data + 3, sizeof(Ch)), Text<Ch>("b"));
 }
