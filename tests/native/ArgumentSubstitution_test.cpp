@@ -4,10 +4,7 @@
 
 #include "support/Text.h"
 
-template <class Ch>
-class ArgumentSubstitutionTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(ArgumentSubstitutionTest, Widths);
+ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(ArgumentSubstitutionTest);
 
 TYPED_TEST(ArgumentSubstitutionTest, QuotesAPathUnlessItOpensWithAQuote) {
     using Ch = TypeParam;

@@ -4,10 +4,7 @@
 
 #include "support/Text.h"
 
-template <class Ch>
-class CommandTemplateTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(CommandTemplateTest, Widths);
+ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(CommandTemplateTest);
 
 TYPED_TEST(CommandTemplateTest, CutsBehindTheProgramAndLeavesUnfilledOutputsAsTheyWere) {
     using Ch = TypeParam;

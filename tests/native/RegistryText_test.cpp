@@ -4,10 +4,7 @@
 
 #include "support/Text.h"
 
-template <class Ch>
-class RegistryTextTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(RegistryTextTest, Widths);
+ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(RegistryTextTest);
 
 TYPED_TEST(RegistryTextTest, EndsAtTheFirstZeroOrWithTheLastWholeUnitDelivered) {
     using Ch = TypeParam;

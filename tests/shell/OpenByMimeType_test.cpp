@@ -9,10 +9,7 @@
 #include "shell/ShellRegistration.h"
 #include "support/ImportPatch.h"
 
-template <class Ch>
-class OpenByMimeTypeTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(OpenByMimeTypeTest, Widths);
+ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(OpenByMimeTypeTest);
 
 TEST(OpenByMimeTypeTest, TheRegisteredProgramGetsTheFileInOnePairOfQuotes) {
     ShellRegistration registration;

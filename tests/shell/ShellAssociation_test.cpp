@@ -5,10 +5,7 @@
 #include "shell/ShellRegistration.h"
 #include "support/ImportPatch.h"
 
-template <class Ch>
-class ShellAssociationTest : public ::testing::Test {};
-using Widths = ::testing::Types<char, wchar_t>;
-TYPED_TEST_SUITE(ShellAssociationTest, Widths);
+ZRK_TEST_SUITE_OVER_BOTH_WIDTHS(ShellAssociationTest);
 
 TYPED_TEST(ShellAssociationTest, MimeLookupReadsAtMost260BytesOrLeavesItsOutput) {
     using Ch = TypeParam;
