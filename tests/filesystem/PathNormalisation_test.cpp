@@ -27,8 +27,10 @@ TEST(PathNormalisationTest, PathsBecomeAbsoluteWithTheirFolderCreatedOrStayAsThe
     EXPECT_EQ(file, temp.PathA() + "\\log");  // its folder exists already
     EXPECT_EQ(bare, temp.PathA() + "\\c\\d\\");  // no file name: all of it is the folder
     EXPECT_EQ(wideFolder, temp.Path() + L"\\\u65E5\u672C\\e\\");
-    EXPECT_TRUE(FolderExists(Text<wchar_t>(folder)) && FolderExists(Text<wchar_t>(bare)));
-    EXPECT_TRUE(FolderExists(wideFolder) && !FolderExists(Text<wchar_t>(file)));
+    for (const std::wstring& made : {Text<wchar_t>(folder), Text<wchar_t>(bare), wideFolder}) {
+        EXPECT_TRUE(std::filesystem::is_directory(made)) << made;
+    }
+    EXPECT_FALSE(std::filesystem::exists(Text<wchar_t>(file)));
     // Failures leave the argument alone; text holding a zero unit is refused
     // before any environment lookup of either width.
     ASSERT_TRUE(WriteTextFile(temp.Join(L"file"), "x"));

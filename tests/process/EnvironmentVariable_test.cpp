@@ -8,8 +8,7 @@
 #include "support/ImportPatch.h"
 #include "support/ScopedState.h"
 
-// The narrow face carries the cases: both faces run one implementation, so
-// the wide face only shows that it reaches the wide platform entries.
+// Narrow cases; the wide face, the same code, need only reach the wide entries.
 
 namespace {
 
@@ -23,27 +22,26 @@ protected:
 // GetEnvironmentVariableA and SetEnvironmentVariableA replaced by stand-ins
 // that count their calls and answer from a script: the get answers in turn
 // (0 once they are used up) with `getError` as the last error.
+struct Script {
+    std::vector<DWORD> getAnswers;
+    DWORD getError = 0;
+    BOOL setAnswer = 1;
+    int getCalls = 0, setCalls = 0;
+} g_script;
+
 class ScriptedEnvironmentTest : public EnvironmentVariableTest {
 protected:
-    static inline std::vector<DWORD> getAnswers;
-    static inline DWORD getError = 0;
-    static inline BOOL setAnswer = 1;
-    static inline int getCalls = 0, setCalls = 0;
-
     static DWORD WINAPI Get(const char*, char*, DWORD) {
-        SetLastError(getError);
-        const std::size_t call = getCalls++;
-        return call < getAnswers.size() ? getAnswers[call] : 0;
+        SetLastError(g_script.getError);
+        const std::size_t call = g_script.getCalls++;
+        return call < g_script.getAnswers.size() ? g_script.getAnswers[call] : 0;
     }
     static BOOL WINAPI Set(const char*, const char*) {
-        ++setCalls;
-        return setAnswer;
+        ++g_script.setCalls;
+        return g_script.setAnswer;
     }
     void SetUp() override {
-        getAnswers = {};
-        getError = 0;
-        setAnswer = 1;
-        getCalls = setCalls = 0;
+        g_script = Script();
         ASSERT_TRUE(m_get.Active() && m_set.Active());
     }
     ImportPatch m_get{CoreModule(), "KERNEL32.dll", "GetEnvironmentVariableA", (void*)&Get};
@@ -82,25 +80,23 @@ TEST_F(ScriptedEnvironmentTest, BadInputFailsBeforeAnyPlatformCall) {
              [&] { return EV::DeleteA(nul); }}) {
         EXPECT_FALSE(call());
     }
-    EXPECT_EQ(getCalls + setCalls, 0);
+    EXPECT_EQ(g_script.getCalls + g_script.setCalls, 0);
     EXPECT_EQ(value, "kept");
 }
 
 TEST_F(ScriptedEnvironmentTest, OnlyNotFoundMeansMissingAndReadFailuresLeaveTheDocumentedOutput) {
     std::string value = "kept";
     for (DWORD error : {ERROR_ENVVAR_NOT_FOUND, ERROR_ACCESS_DENIED}) {
-        getError = error;
+        g_script.getError = error;
         EXPECT_EQ(EV::ExistsA(""), error != ERROR_ENVVAR_NOT_FOUND);  // "" is asked too
         EXPECT_FALSE(EV::GetStringA("ZRK_ENV", &value));
         EXPECT_EQ(value, error == ERROR_ENVVAR_NOT_FOUND ? "kept" : "");
     }
-    // Six characters announced, three read, as if another thread had changed
-    // the value: the output keeps the announced size, and there is no retry.
-    getAnswers = {6, 3};
-    getCalls = 0;
+    // 6 announced, 3 read (changed meanwhile): the announced size, no retry.
+    g_script = Script{{6, 3}};
     EXPECT_FALSE(EV::GetStringA("ZRK_ENV", &value));
     EXPECT_EQ(value.size(), 6u);
-    EXPECT_EQ(getCalls, 2);
+    EXPECT_EQ(g_script.getCalls, 2);
 }
 
 TEST_F(ScriptedEnvironmentTest, SetsTakeUpTo32767CharactersAndSucceedOnlyOnAnAnswerOfOne) {
@@ -108,8 +104,8 @@ TEST_F(ScriptedEnvironmentTest, SetsTakeUpTo32767CharactersAndSucceedOnlyOnAnAns
     EXPECT_TRUE(EV::SetStringA("ZRK_ENV", longest, true));
     EXPECT_FALSE(EV::SetStringA("ZRK_ENV", longest + 'x', true));
     EXPECT_FALSE(EV::SetArrayA("ZRK_ENV", {longest.substr(16384), longest.substr(16383)}, true));
-    EXPECT_EQ(setCalls, 1);
-    setAnswer = 2;
+    EXPECT_EQ(g_script.setCalls, 1);
+    g_script.setAnswer = 2;
     EXPECT_FALSE(EV::SetStringA("ZRK_ENV", "v", true));
     EXPECT_FALSE(EV::DeleteA("ZRK_ENV"));
 }

@@ -42,13 +42,11 @@ private:
 // contents on destruction. Its path has no trailing separator.
 class TempFolder {
 public:
-    TempFolder() {
-        static unsigned counter = 0;
-        m_path = (std::filesystem::temp_directory_path() /
+    TempFolder()
+        : m_path((std::filesystem::temp_directory_path() /
                   (L"zrk-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                   std::to_wstring(++counter)))
-                     .wstring();
-        std::error_code ignored;
+                   std::to_wstring(++s_count))).wstring()) {
+        std::error_code ignored;  // a folder left by an earlier process with this identifier
         std::filesystem::remove_all(m_path, ignored);
         std::filesystem::create_directories(m_path);
     }
@@ -65,6 +63,7 @@ public:
     std::wstring Join(const std::wstring& relative) const { return m_path + L"\\" + relative; }
 
 private:
+    static inline unsigned s_count = 0;
     std::wstring m_path;
 };
 
@@ -83,10 +82,6 @@ public:
 private:
     std::filesystem::path m_previous;
 };
-
-inline bool FolderExists(const std::wstring& path) {
-    return std::filesystem::is_directory(path);
-}
 
 // Writes `content` to a new file (replacing an old one); true on success.
 inline bool WriteTextFile(const std::wstring& path, const std::string& content) {

@@ -1,7 +1,6 @@
 #pragma once
 
-// Runs body(0) to body(count - 1), each on a thread of its own, and returns
-// when all have ended. No platform header, so the native tests use it too.
+// Runs body(0) to body(count - 1), each on a thread of its own; returns when all have ended.
 
 #include <thread>
 #include <vector>
