@@ -2,6 +2,8 @@
 // last argument names, unshared until complete so that a polling test never reads half of it.
 #include <windows.h>
 
+#include <cstdlib>  // __argv, __argc
+
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     HANDLE file = CreateFileA(__argv[__argc - 1], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0,
                               nullptr);
