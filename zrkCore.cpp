@@ -17,6 +17,7 @@
 
 #include "frame/ClassID.h"
 #include "frame/Console.h"
+#include "process/CommandLine.h"
 #include "sync/AtomicLock.h"
 
 // 5
@@ -25,6 +26,8 @@ AtomicLock Console::s_threadLock;
 unsigned int ClassID::s_incrementalClassID = 0;
 bool Console::s_initialized = false;
 long Console::s_refCount = 0;
+long CommandLine::s_refCount = 0;
+CommandLine* CommandLine::s_this = nullptr;
 
 // The C runtime constructs the objects above before it calls this for the
 // process attach. The library does nothing on thread start or end, so it asks

@@ -18,7 +18,13 @@
 
 #include "memory/SmartPtr.h"
 
+#include "text/StringConversion.h"
+
+#include "time/TimeInterval.h"
+#include "time/TimePoint.h"
+
 #include "process/EnvironmentVariable.h"
+#include "process/CommandLine.h"
 
 #include "filesystem/PathNormalisation.h"
 #include "filesystem/FileFind.h"

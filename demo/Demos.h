@@ -5,3 +5,6 @@
 void DemoIniFile();
 void DemoShell();
 void DemoFileFind();
+void DemoTime();
+void DemoTextConversion();
+void DemoCommandLine();

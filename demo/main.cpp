@@ -1,9 +1,10 @@
 // zrkDemo: shows what zrkCore does, step by step, under Wine or Windows.
 //
-//   zrkDemo [folder]
+//   zrkDemo [folder] [/key value ...]
 //
 // The folder may use "/" or "\" and %NAME% references; it defaults to
-// %TEMP%/zrkCore-demo/output.
+// %TEMP%/zrkCore-demo/output. The whole command line is also shown as the
+// key and value pairs that CommandLine makes of it.
 #include <zrkCore.h>
 
 #include <cstdio>
@@ -72,5 +73,8 @@ int main(int argc, char** argv) {
     DemoIniFile();
     DemoShell();
     DemoFileFind();
+    DemoTime();
+    DemoTextConversion();
+    DemoCommandLine();
     return 0;
 }

@@ -1,0 +1,39 @@
+#include "time/CalendarText.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using zrk::detail::ParseUtcText;
+
+TEST(CalendarTextTest, AcceptsEachSeparatorPairAndDigitsUntested) {
+    for (const char* first : {"-", "/", "."}) {
+        for (const char* second : {"-", "/", "."}) {
+            std::tm fields = {};
+            fields.tm_wday = 9;  // not set by the parse
+            const std::string text = std::string("2024") + first + "13" + second + "45 23:59:60 UTC";
+            ASSERT_TRUE(ParseUtcText(text, &fields));
+            EXPECT_TRUE(fields.tm_year == 124 && fields.tm_mon == 12 && fields.tm_mday == 45 &&
+                        fields.tm_hour == 23 && fields.tm_min == 59 && fields.tm_sec == 60 &&
+                        fields.tm_isdst == -1 && fields.tm_wday == 9);
+        }
+    }
+}
+
+TEST(CalendarTextTest, RejectsAnyOtherShapeAndLeavesTheFields) {
+    const std::string bad[] = {
+        "", "2024-01-02 03:04:05", "2024-01-02 03:04:05 utc", " 2024-01-02 03:04:05 UTC",
+        "2024-01-02 03:04:05 UTC ", "2024-1-2 03:04:05 UTC", "2024-01-02  03:04:05 UTC",
+        "2024-01-02T03:04:05 UTC", "2024_01-02 03:04:05 UTC", "2024-01-02 03.04.05 UTC",
+        "20240-01-02 03:04:05 UTC", "2024-01-02 03:04:05 UTC\n", "2024-01-02 03:04:\xD9\xA5 UTC",
+        std::string("2024-01-02 03:04:05 UTC\0", 24)};
+    for (const std::string& text : bad) {
+        std::tm fields = {};
+        EXPECT_FALSE(ParseUtcText(text, &fields)) << text;
+        EXPECT_EQ(fields.tm_year + fields.tm_mon + fields.tm_isdst, 0) << text;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+#include "zrkCore.h"
+
+namespace {
+
+// The C runtime's zone, as its TZ text ("JST-9"), for the life of the object.
+struct ScopedRuntimeZone {
+    explicit ScopedRuntimeZone(const char* zone) { Set(zone); }
+    ~ScopedRuntimeZone() { Set(saved); }
+    static void Set(const std::string& zone) { _putenv(("TZ=" + zone).c_str()), _tzset(); }
+    const std::string saved = std::getenv("TZ") ? std::getenv("TZ") : "";
+};
+
+TEST(TimePointTest, EpochNowShiftsAndPrints) {
+    TimePoint epoch = TimePoint::Epoch();
+    EXPECT_TRUE(epoch.Year() == 1970 && epoch.Month() == 1 && epoch.Day() == 1 &&
+                epoch.DayOfWeek() == 4 && epoch.Hour() + epoch.Minute() + epoch.Second() == 0);
+    EXPECT_EQ(epoch.ToStringA(true), "1970-01-01 00:00:00");
+    EXPECT_EQ(epoch.ToStringW(false), L"1970-01-01 00:00:00 UTC");
+    const long long before = _time64(nullptr);
+    TimeInterval sinceEpoch = TimePoint::Now() - epoch;
+    EXPECT_TRUE(TimeInterval::FromSeconds(before) <= sinceEpoch &&
+                sinceEpoch <= TimeInterval::FromSeconds(_time64(nullptr)));
+    TimePoint next = epoch + TimeInterval::FromDays(1) - TimeInterval::FromSeconds(1);
+    EXPECT_EQ(next.ToStringA(false), "1970-01-01 23:59:59 UTC");
+    EXPECT_TRUE((next - epoch) == TimeInterval::FromSeconds(86399) &&
+                (epoch - next) == TimeInterval::FromSeconds(-86399));
+    TimePoint yielded = (epoch += TimeInterval::FromDays(365));
+    yielded -= TimeInterval::FromDays(400);  // a copy: epoch stays
+    EXPECT_EQ((epoch -= TimeInterval::FromSeconds(1)).ToStringA(false), "1970-12-31 23:59:59 UTC");
+    EXPECT_TRUE(yielded < epoch && yielded <= epoch && epoch > yielded && epoch >= yielded &&
+                epoch != yielded && !(epoch == yielded));
+}
+
+TEST(TimePointTest, LocalFieldsFollowTheZoneInForceWhenLastSet) {
+    ScopedRuntimeZone japan("JST-9");
+    TimePoint point = TimePoint::Epoch() + TimeInterval::FromHours(15);
+    EXPECT_EQ(point.ToLocalStringA(), "1970-01-02 00:00:00");
+    EXPECT_TRUE(point.LocalYear() == 1970 && point.LocalMonth() == 1 && point.LocalDay() == 2 &&
+                point.LocalDayOfWeek() == 5 && point.DayOfWeek() == 4 &&
+                point.LocalHour() + point.LocalMinute() + point.LocalSecond() == 0);
+    ScopedRuntimeZone india("IST-5:30");
+    TimePoint copy(point), assigned = TimePoint::Now();
+    assigned = point;  // works the fields out anew; the copy keeps them
+    EXPECT_EQ(copy.ToLocalStringW(), L"1970-01-02 00:00:00");
+    EXPECT_EQ(assigned.ToLocalStringW(), L"1970-01-01 20:30:00");
+    EXPECT_TRUE(copy == assigned);
+}
+
+TEST(TimePointTest, ParsesItsOwnUtcTextAndLeavesRangesToTheRuntime) {
+    EXPECT_TRUE(TimePoint::UTCString("2024/01.02 03:04:05 UTC") ==
+                TimePoint::UTCString(L"2024-01-02 03:04:05 UTC"));
+    EXPECT_EQ(TimePoint::UTCString("2024-13-45 03:04:05 UTC").ToStringA(false),
+              "2025-02-14 03:04:05 UTC");
+    EXPECT_EQ(TimePoint::UTCString("1960-01-01 00:00:00 UTC").Year(), 1899);  // -1: no fields
+    std::srand(7);
+    for (int i = 0; i < 3000; ++i) {  // before the year 3000, the runtime's limit
+        const TimePoint point = TimePoint::Epoch() + TimeInterval::FromSeconds(
+            ((static_cast<long long>(std::rand()) << 20) + std::rand()) % 32503680000);
+        EXPECT_TRUE(TimePoint::UTCString(point.ToStringA(false)) == point) << point.ToStringA(false);
+    }
+    // A text that is no time: narrow, and wide with a character beyond ASCII.
+    for (int wide = 0; wide < 2; ++wide) {
+        try {
+            wide ? TimePoint::UTCString(L"1970-01-01 00:00:00 UTC\x00E9") : TimePoint::UTCString("");
+            ADD_FAILURE() << "accepted";
+        } catch (const std::runtime_error& error) {
+            EXPECT_STREQ(error.what(), "time string expected in format: YYYY-MM-DD HH:MM:SS UTC");
+        }
+    }
+}
+
+}  // namespace
