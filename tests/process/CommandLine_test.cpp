@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
 
 #include "support/Threads.h"
@@ -55,13 +56,16 @@ TEST(CommandLineTest, InitAndShutdownAreCountedAtomically) {
     CommandLine::StaticShutdown();
     CommandLine::StaticInit();
     EXPECT_EQ(CommandLine::Get(), nullptr);
-    RunOnThreads(8, [](int) {
-        for (int i = 0; i < 1000; ++i) {
+    std::atomic<int> ready(0);
+    RunOnThreads(8, [&](int) {
+        for (++ready; ready < 8;) {  // all at once, for the most contention
+        }
+        for (int i = 0; i < 100000; ++i) {
             CommandLine::StaticInit();
         }
     });
     CommandLine* const instance = CommandLine::Get();
-    for (int i = 1; i < 8000; ++i) {
+    for (int i = 1; i < 800000; ++i) {
         CommandLine::StaticShutdown();
     }
     EXPECT_TRUE(instance != nullptr && CommandLine::Get() == instance);

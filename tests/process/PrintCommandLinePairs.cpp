@@ -1,5 +1,6 @@
 // For the command line test: prints its own pairs as sorted "key|value" lines,
-// read from a copy that outlives the last StaticShutdown.
+// read from a copy that outlives the last StaticShutdown and was taken after
+// another copy, which must have left the instance whole.
 #include <fcntl.h>
 #include <io.h>
 
@@ -11,7 +12,7 @@
 
 int main() {
     CommandLine::StaticInit();
-    const CommandLine copy(*CommandLine::Get());
+    const CommandLine first(*CommandLine::Get()), copy(*CommandLine::Get());
     CommandLine::StaticShutdown();
     std::set<std::string> lines;
     for (auto pair = copy.Begin(); pair != copy.End(); ++pair) {

@@ -19,7 +19,7 @@ TEST(TimeIntervalTest, UnitsAndOperators) {
                 TimeInterval::CreateFrom(1, -1, 0, 0, 0, 0) == Seconds(30931200));
     TimeInterval seven = Seconds(7), one = Seconds(1), minus = -one;
     EXPECT_TRUE(seven / 2 == Seconds(3) && (-seven) / 2 == Seconds(-3) &&
-                +seven * 3 - seven + seven == Seconds(21) && seven == Seconds(7));
+                seven * 3 - seven == Seconds(14) && +seven == Seconds(7) && seven == Seconds(7));
     TimeInterval& same = (((seven *= 4) /= 3) += one) -= Seconds(2);  // 28 / 3 + 1 - 2
     EXPECT_TRUE(&same == &seven && &(seven = same) == &seven && seven == Seconds(8));
     EXPECT_TRUE(minus < one && minus <= one && one > minus && one >= minus && minus != one);
