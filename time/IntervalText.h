@@ -1,8 +1,8 @@
 #pragma once
 
 // The steps of TimeInterval that need no platform: taking a count of seconds
-// apart into years of 365 days, weeks, days, hours, minutes and seconds, and
-// the two text forms. Pure functions, either character width.
+// apart into years of 365 days, weeks, days, hours, minutes and seconds and
+// putting it back together, and the two text forms. Pure functions, either character width.
 
 #include <string>
 
@@ -10,6 +10,13 @@
 
 namespace zrk {
 namespace detail {
+
+// Seconds per unit; a year is always 365 days.
+constexpr long long kMinute = 60;
+constexpr long long kHour = 60 * kMinute;
+constexpr long long kDay = 24 * kHour;
+constexpr long long kWeek = 7 * kDay;
+constexpr long long kYear = 365 * kDay;
 
 // The magnitude of a second count, exact for every value: the most negative
 // count has no magnitude of its own width, so it is taken unsigned.
@@ -26,7 +33,7 @@ inline unsigned long long IntervalMagnitude(long long seconds) {
 inline bool SplitInterval(long long seconds, long long* years, long long* weeks,
                           long long* days, long long* hours, long long* minutes,
                           long long* rest) {
-    static constexpr unsigned long long kUnits[] = {31536000, 604800, 86400, 3600, 60};
+    static constexpr unsigned long long kUnits[] = {kYear, kWeek, kDay, kHour, kMinute};
     long long* const parts[] = {years, weeks, days, hours, minutes};
     unsigned long long remainder = IntervalMagnitude(seconds);
     for (int i = 0; i < 5; ++i) {
@@ -35,6 +42,15 @@ inline bool SplitInterval(long long seconds, long long* years, long long* weeks,
     }
     *rest = static_cast<long long>(remainder);
     return seconds < 0;
+}
+
+// The second count of the given components, each with its unit; the inverse
+// of SplitInterval. Components may be negative or beyond their range; the
+// caller keeps the total within a signed 64-bit count.
+inline long long JoinInterval(long long years, long long weeks, long long days, long long hours,
+                              long long minutes, long long seconds) {
+    return years * kYear + weeks * kWeek + days * kDay + hours * kHour + minutes * kMinute +
+           seconds;
 }
 
 // The formats and sign texts, per width. The magnitude is printed unsigned,

@@ -2,15 +2,11 @@
 
 #include "time/IntervalText.h"
 
-namespace {
-
-constexpr long long kMinute = 60;
-constexpr long long kHour = 60 * kMinute;
-constexpr long long kDay = 24 * kHour;
-constexpr long long kWeek = 7 * kDay;
-constexpr long long kYear = 365 * kDay;
-
-}  // namespace
+using zrk::detail::kDay;
+using zrk::detail::kHour;
+using zrk::detail::kMinute;
+using zrk::detail::kWeek;
+using zrk::detail::kYear;
 
 TimeInterval::TimeInterval(long long seconds) : m_seconds(seconds) {}
 
@@ -24,8 +20,7 @@ TimeInterval TimeInterval::FromYears(long long years) { return TimeInterval(year
 
 TimeInterval TimeInterval::CreateFrom(long long years, long long weeks, long long days,
                                       long long hours, long long minutes, long long seconds) {
-    return TimeInterval((((years * 365 + weeks * 7 + days) * 24 + hours) * 60 + minutes) * 60 +
-                        seconds);
+    return TimeInterval(zrk::detail::JoinInterval(years, weeks, days, hours, minutes, seconds));
 }
 
 void TimeInterval::AddSeconds(long long n) { m_seconds += n; }

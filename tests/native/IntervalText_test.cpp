@@ -3,27 +3,42 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdlib>
+#include <random>
 #include <string>
 
 namespace {
 
+using namespace zrk::detail;
+
 TEST(IntervalTextTest, PrintsBothFormsWithOneSignInFront) {
     const struct { long long seconds; std::string plain, pretty; } rows[] = {
         {0, "0 s", "0y 0w 0d 0h 0m 0s"},         {90, "90 s", "0y 0w 0d 0h 1m 30s"},
-        {-90, "-90 s", "-0y 0w 0d 0h 1m 30s"},   {-5, "-5 s", "-0y 0w 0d 0h 0m 5s"},
+        {-90, "-90 s", "-0y 0w 0d 0h 1m 30s"},   {32230861, "32230861 s", "1y 1w 1d 1h 1m 1s"},
         {604799, "604799 s", "0y 0w 6d 23h 59m 59s"}, {604800, "604800 s", "0y 1w 0d 0h 0m 0s"},
         {31535999, "31535999 s", "0y 52w 0d 23h 59m 59s"},
         {31536000, "31536000 s", "1y 0w 0d 0h 0m 0s"},
-        {32230861, "32230861 s", "1y 1w 1d 1h 1m 1s"},
         {-31622400, "-31622400 s", "-1y 0w 1d 0h 0m 0s"},
         {LLONG_MAX, "9223372036854775807 s", "292471208677y 27w 6d 15h 30m 7s"},
         {LLONG_MIN, "-9223372036854775808 s", "-292471208677y 27w 6d 15h 30m 8s"}};
     for (const auto& row : rows) {
         long long p[6];
-        const bool negative = zrk::detail::SplitInterval(row.seconds, &p[0], &p[1], &p[2], &p[3], &p[4], &p[5]);
-        EXPECT_EQ(zrk::detail::PrettyIntervalText<char>(negative, p[0], p[1], p[2], p[3], p[4], p[5]), row.pretty);
-        EXPECT_EQ(zrk::detail::PlainIntervalText<char>(row.seconds), row.plain);
-        EXPECT_EQ(zrk::detail::PlainIntervalText<wchar_t>(row.seconds), std::wstring(row.plain.begin(), row.plain.end()));
+        const bool minus = SplitInterval(row.seconds, &p[0], &p[1], &p[2], &p[3], &p[4], &p[5]);
+        EXPECT_EQ(PrettyIntervalText<char>(minus, p[0], p[1], p[2], p[3], p[4], p[5]), row.pretty);
+        EXPECT_EQ(PlainIntervalText<char>(row.seconds), row.plain);
+    }
+}
+
+// Split and join undo each other over magnitudes of every order, both signs.
+TEST(IntervalTextTest, JoinUndoesSplit) {
+    std::mt19937_64 random(5);
+    for (int i = 0; i < 100000; ++i) {
+        const long long value = static_cast<long long>(random() >> (1 + i % 63)) * (i % 2 ? -1 : 1);
+        long long c[6];
+        const bool minus = SplitInterval(value, &c[0], &c[1], &c[2], &c[3], &c[4], &c[5]);
+        ASSERT_TRUE(minus == (value < 0) && c[1] < 53 && c[2] < 7 && c[3] < 24 && c[4] < 60 &&
+                    c[5] < 60) << value;
+        ASSERT_EQ(JoinInterval(c[0], c[1], c[2], c[3], c[4], c[5]), std::llabs(value));
     }
 }
 

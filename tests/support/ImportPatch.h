@@ -5,14 +5,9 @@
 #include <cstring>
 
 // Redirects one entry of a module's import address table to a replacement
-// for the life of the object, and restores the original in the destructor.
-// Tests use it to reach a failure of a platform call that zrkCore.dll makes
-// which the real platform won't produce on demand, or to watch what the
-// library asks of the platform.
-//
-// Only calls that go through the module's import table are affected; the
-// test's own calls to the same function are not. Not thread-safe: patch
-// while no other thread is inside the module.
+// for the life of the object: a failure of a platform call that zrkCore.dll
+// makes, on demand, or a record of what it asks. The test's own calls are not
+// affected. Not thread-safe: patch while no other thread is inside the module.
 class ImportPatch {
 public:
     // `module`: the module whose imports change (CoreModule()); `importedDll`:
