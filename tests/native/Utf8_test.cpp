@@ -6,8 +6,6 @@
 
 namespace {
 
-using testing::StrEq;
-using testing::ThrowsMessage;
 using zrk::detail::Utf8ToWide;
 using zrk::detail::WideToUtf8;
 
@@ -29,7 +27,7 @@ TEST(Utf8Test, RejectsBadSequencesWithBadConversion) {
                                    "\xF4\x90\x80\x80", "\xFC\x80\x80\x80\x80",
                                    "\xFE\x80\x80\x80\x81\x81"}) {
         EXPECT_THAT([&] { Utf8ToWide(text); },
-                    ThrowsMessage<std::range_error>(StrEq("bad conversion")));
+                    testing::ThrowsMessage<std::range_error>(testing::StrEq("bad conversion")));
     }
 }
 

@@ -49,15 +49,17 @@ TEST(CommandLineTest, InitAndShutdownAreCountedAtomically) {
     CommandLine::StaticShutdown();
     CommandLine::StaticInit();
     EXPECT_EQ(CommandLine::Get(), nullptr);
-    RunOnThreads(8, [](int) {
-        for (int i = 0; i < 100000; ++i) {
-            CommandLine::StaticInit();
-        }
-    });
+    const auto onEightThreads = [](void (*call)()) {
+        RunOnThreads(8, [call](int) {
+            for (int i = 0; i < 1000000; ++i) {
+                call();
+            }
+        });
+    };
+    onEightThreads(&CommandLine::StaticInit);
     CommandLine* const instance = CommandLine::Get();
-    for (int i = 1; i < 800000; ++i) {
-        CommandLine::StaticShutdown();
-    }
+    CommandLine::StaticInit();  // so that the threads' shutdowns leave one
+    onEightThreads(&CommandLine::StaticShutdown);
     EXPECT_TRUE(instance != nullptr && CommandLine::Get() == instance);
     CommandLine::StaticShutdown();
     EXPECT_EQ(CommandLine::Get(), nullptr);

@@ -1,5 +1,6 @@
 // For the command line test: prints its own pairs as sorted "key|value;" items,
-// read from a copy that outlives the last StaticShutdown.
+// read from a copy that outlives the last StaticShutdown, taken after a first
+// copy that must leave the instance whole.
 #include <cstdio>
 #include <set>
 #include <string>
@@ -8,7 +9,7 @@
 
 int main() {
     CommandLine::StaticInit();
-    const CommandLine copy(*CommandLine::Get());
+    const CommandLine first(*CommandLine::Get()), copy(*CommandLine::Get());
     CommandLine::StaticShutdown();
     std::set<std::string> items;
     for (auto pair = copy.Begin(); pair != copy.End(); ++pair) {

@@ -8,9 +8,6 @@
 
 namespace {
 
-using testing::StrEq;
-using testing::ThrowsMessage;
-
 TEST(TimePointTest, EpochNowShiftsAndPrints) {
     TimePoint epoch = TimePoint::Epoch();
     EXPECT_TRUE(epoch.Year() == 1970 && epoch.Month() == 1 && epoch.Day() == 1 &&
@@ -63,10 +60,10 @@ TEST(TimePointTest, ParsesItsOwnUtcTextAndLeavesRangesToTheRuntime) {
         EXPECT_TRUE(TimePoint::UTCString(text) == point) << text;
     }
     // A text that is no time: narrow, and wide with U+0130 for a "0" (its low byte).
-    const auto message = StrEq("time string expected in format: YYYY-MM-DD HH:MM:SS UTC");
-    EXPECT_THAT([] { TimePoint::UTCString(""); }, ThrowsMessage<std::runtime_error>(message));
-    EXPECT_THAT([] { TimePoint::UTCString(L"1970-01-01 00:00:0\x0130 UTC"); },
-                ThrowsMessage<std::runtime_error>(message));
+    const auto message = testing::ThrowsMessage<std::runtime_error>(
+        testing::StrEq("time string expected in format: YYYY-MM-DD HH:MM:SS UTC"));
+    EXPECT_THAT([] { TimePoint::UTCString(""); }, message);
+    EXPECT_THAT([] { TimePoint::UTCString(L"1970-01-01 00:00:0\x0130 UTC"); }, message);
 }
 
 }  // namespace
