@@ -15,10 +15,20 @@
 // take no part in that order.
 #include <windows.h>
 
+#include "diagnostics/CrashDumpFolder.h"
 #include "frame/ClassID.h"
 #include "frame/Console.h"
 #include "process/CommandLine.h"
 #include "sync/AtomicLock.h"
+#include "text/GUIDIdentifier.h"
+
+// 1 to 3
+const GUIDIdentifier GUIDIdentifier::s_zero("00000000-0000-0000-0000-000000000000");
+const std::string GUIDIdentifier::s_zeroText("00000000-0000-0000-0000-000000000000");
+const std::wstring GUIDIdentifier::s_zeroTextW(L"00000000-0000-0000-0000-000000000000");
+
+// 4
+std::string zrk::detail::g_crashDumpFolder;
 
 // 5
 AtomicLock Console::s_threadLock;

@@ -17,8 +17,10 @@
 #include "sync/CriticalSection.h"
 
 #include "memory/SmartPtr.h"
+#include "memory/PoolBase.h"
 
 #include "text/StringConversion.h"
+#include "text/GUIDIdentifier.h"
 
 #include "time/TimeInterval.h"
 #include "time/TimePoint.h"
@@ -32,3 +34,5 @@
 
 #include "shell/ShellAssociation.h"
 #include "shell/OpenByMimeType.h"
+
+#include "diagnostics/CrashDump.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 // The steps of the demonstration program, one function per topic. Each prints
 // plainly what it did.
 void DemoIniFile();
@@ -8,3 +10,10 @@ void DemoFileFind();
 void DemoTime();
 void DemoTextConversion();
 void DemoCommandLine();
+void DemoGuid();
+void DemoPool();
+// With `crash`, runs this program again as a child that crashes, then names
+// the dump it left in `folder` (a full path ending in "\").
+void DemoCrashDump(const std::string& folder, bool crash);
+// The child's part: installs the crash dump into `folder` and crashes.
+void CrashNow(const std::string& folder);

@@ -1,12 +1,15 @@
 // zrkDemo: shows what zrkCore does, step by step, under Wine or Windows.
 //
-//   zrkDemo [folder] [/key value ...]
+//   zrkDemo [folder] [/key value ...] [/crash]
 //
 // The folder may use "/" or "\" and %NAME% references; it defaults to
 // %TEMP%/zrkCore-demo/output. The whole command line is also shown as the
-// key and value pairs that CommandLine makes of it.
+// key and value pairs that CommandLine makes of it. With /crash the last
+// step starts this program again as a child that crashes, and names the
+// dump it leaves under the folder.
 #include <zrkCore.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -47,7 +50,9 @@ void DemoEnvironment() {
     EnvironmentVariable::DeleteA("ZRK_DEMO_LIST");
 }
 
-void DemoFolder(const std::string& given) {
+// The folder made of `given`: a full path ending in "\", or `given` itself if
+// it can't be made.
+std::string DemoFolder(const std::string& given) {
     std::printf("== Path normalisation\n");
     std::string folder = given;
     if (EnsureFolderPath(folder)) {
@@ -61,20 +66,27 @@ void DemoFolder(const std::string& given) {
     if (EnsureFilePath(file)) {
         std::printf("  EnsureFilePath(\"%s/report.txt\") -> %s\n", given.c_str(), file.c_str());
     }
+    return folder;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 2 && std::string(argv[1]) == "/crash-now") {
+        CrashNow(argv[2]);
+    }
     std::printf("zrkCore demonstration\n");
     DemoEndianTexts();
     DemoEnvironment();
-    DemoFolder(argc > 1 ? argv[1] : "%TEMP%/zrkCore-demo/output");
+    const std::string folder = DemoFolder(argc > 1 ? argv[1] : "%TEMP%/zrkCore-demo/output");
     DemoIniFile();
     DemoShell();
     DemoFileFind();
     DemoTime();
     DemoTextConversion();
     DemoCommandLine();
+    DemoGuid();
+    DemoPool();
+    DemoCrashDump(folder, std::find(argv + 1, argv + argc, std::string("/crash")) != argv + argc);
     return 0;
 }

@@ -1,0 +1,90 @@
+// Demonstration steps: identifiers, pooled memory and crash dumps.
+#include <windows.h>
+
+#include <zrkCore.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "Demos.h"
+
+void DemoGuid() {
+    std::printf("== GUID identifiers\n");
+    const GUIDIdentifier first, second;
+    std::printf("  two new ones: %s and %s\n", first.ToStringA(false).c_str(),
+                second.ToStringA(true).c_str());
+    std::printf("  first < second: %s (the platform's order, field by field)\n",
+                first < second ? "true" : "false");
+    const GUIDIdentifier parsed(first.ToStringW(true));
+    std::printf("  parsed back from upper case: %s, equal: %s\n", parsed.ToStringA(false).c_str(),
+                parsed == first ? "true" : "false");
+    std::printf("  \"{not an id}\" parses to zero: %s; zero is %s\n",
+                GUIDIdentifier("{not an id}").IsZero() ? "true" : "false",
+                GUIDIdentifier::ZeroStrA().c_str());
+}
+
+namespace {
+
+// Records of 24 bytes from blocks of four, for one thread.
+class RecordPool : public PoolBase {
+public:
+    RecordPool() : PoolBase(24, 4, 1) {}
+    void* Take() { return AllocateChunk(); }
+    void Give(void* record) { ReleaseChunk(record); }
+};
+
+}  // namespace
+
+void DemoPool() {
+    std::printf("== Pool allocator (24-byte chunks, 4 to a block)\n");
+    RecordPool pool;
+    std::vector<void*> taken;
+    for (int i = 0; i < 5; ++i) {
+        taken.push_back(pool.Take());
+    }
+    std::printf("  five taken, each 24 below the one before, the fifth from a new block:\n   ");
+    for (void* record : taken) {
+        std::printf(" %p", record);
+    }
+    pool.Give(taken[1]);
+    std::printf("\n  gave back %p, the next taken is %p\n", taken[1], pool.Take());
+}
+
+void DemoCrashDump(const std::string& folder, bool crash) {
+    std::printf("== Crash dump\n");
+    if (!crash) {
+        std::printf("  (run with /crash for a child that crashes and leaves a dump)\n");
+        return;
+    }
+    // This program again, told to install the crash dump into `folder` and
+    // crash. The folder's final "\" is doubled, or it would escape the quote.
+    char self[MAX_PATH];
+    GetModuleFileNameA(nullptr, self, MAX_PATH);
+    std::string line = "\"" + std::string(self) + "\" /crash-now \"" + folder + "\\\"";
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION child = {};
+    if (!CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &child)) {
+        std::printf("  could not start the crashing child\n");
+        return;
+    }
+    std::printf("  started a child that writes to a null pointer; a full dump takes a while\n");
+    DWORD code = 0;
+    WaitForSingleObject(child.hProcess, INFINITE);
+    GetExitCodeProcess(child.hProcess, &code);
+    CloseHandle(child.hProcess), CloseHandle(child.hThread);
+    std::printf("  the child ended with 0x%08lX; in %sDump:\n", code, folder.c_str());
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder + "Dump", error)) {
+        std::printf("    %s, %ju bytes\n", entry.path().filename().string().c_str(),
+                    static_cast<std::uintmax_t>(entry.file_size(error)));
+    }
+}
+
+void CrashNow(const std::string& folder) {
+    SystemUtils::CrashDump::InitializeSystem(folder.c_str());
+    *static_cast<volatile int*>(nullptr) = 0;
+}
