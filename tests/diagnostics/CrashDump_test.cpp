@@ -9,6 +9,7 @@
 #include <fstream>
 #include <vector>
 
+#include "support/ChildProcess.h"
 #include "support/ImportPatch.h"
 #include "support/ScopedState.h"
 #include "zrkCore.h"
@@ -17,15 +18,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The codes of the dumps asked for; the other arguments are checked on the way.
+// The codes of the dumps asked for. The type and thread show in the real
+// dumps of the test below.
 std::vector<DWORD> g_dumped;
-BOOL WINAPI RecordDump(HANDLE process, DWORD id, HANDLE file, MINIDUMP_TYPE type,
+BOOL WINAPI RecordDump(HANDLE process, DWORD id, HANDLE file, MINIDUMP_TYPE,
                        PMINIDUMP_EXCEPTION_INFORMATION exception,
-                       PMINIDUMP_USER_STREAM_INFORMATION user,
-                       PMINIDUMP_CALLBACK_INFORMATION callback) {
-    EXPECT_TRUE(process == GetCurrentProcess() && id == GetCurrentProcessId() && type == 0x1802 &&
-                exception->ThreadId == GetCurrentThreadId() && !exception->ClientPointers &&
-                !user && !callback);
+                       PMINIDUMP_USER_STREAM_INFORMATION, PMINIDUMP_CALLBACK_INFORMATION) {
+    EXPECT_TRUE(process == GetCurrentProcess() && id == GetCurrentProcessId());
     EXPECT_EQ(file != INVALID_HANDLE_VALUE, g_dumped.empty());  // created new: one a second
     g_dumped.push_back(exception->ExceptionPointers->ExceptionRecord->ExceptionCode);
     return TRUE;
@@ -60,63 +59,34 @@ TEST(CrashDumpTest, FilterDumpsTheTableCodesOnlyNamedByUtcTime) {
         0xC00000FD}));
     EXPECT_TRUE(fs::exists(folder.Join(L"Dump\\CrashDump_2024.01.02.03.04.05.dmp")));
     // A folder that can't be made leaves the one before, and the filter goes in.
-    SystemUtils::CrashDump::InitializeSystem("set");
-    SystemUtils::CrashDump::InitializeSystem("|cannot be made");
+    SystemUtils::CrashDump::InitializeSystem("set"), SystemUtils::CrashDump::InitializeSystem("|");
     EXPECT_EQ(SetUnhandledExceptionFilter(nullptr), filter);
     g_dumped.clear(), record.ExceptionCode = EXCEPTION_ACCESS_VIOLATION, filter(&pointers);
     EXPECT_TRUE(fs::exists(folder.Join(L"set\\Dump\\CrashDump_2024.01.02.03.04.05.dmp")));
 }
 
-PROCESS_INFORMATION StartChild(std::wstring arguments, const std::wstring& folder) {
-    arguments = L"CrashingChild.exe " + arguments;  // found beside this program
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION child = {};
-    CreateProcessW(nullptr, &arguments[0], nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(),
-                   &startup, &child);
-    return child;
-}
-
-// The header of the one dump in `folder`\Dump and its exception stream.
-std::pair<MINIDUMP_HEADER, MINIDUMP_EXCEPTION_STREAM> DumpIn(const std::wstring& folder) {
-    std::ifstream in(fs::directory_iterator(folder + L"\\Dump")->path(), std::ios::binary);
-    std::pair<MINIDUMP_HEADER, MINIDUMP_EXCEPTION_STREAM> dump = {};
-    in.read(reinterpret_cast<char*>(&dump.first), sizeof dump.first);
-    std::vector<MINIDUMP_DIRECTORY> streams(dump.first.NumberOfStreams);
-    in.seekg(dump.first.StreamDirectoryRva);
-    in.read(reinterpret_cast<char*>(streams.data()), streams.size() * sizeof streams[0]);
-    for (const MINIDUMP_DIRECTORY& stream : streams) {
-        if (stream.StreamType == ExceptionStream) {
-            in.seekg(stream.Location.Rva);
-            in.read(reinterpret_cast<char*>(&dump.second), sizeof dump.second);
-        }
-    }
-    return dump;
-}
-
-// Real crashes, at once: a dump is some 150 MB and takes seconds to write.
+// Real crashes: a dump is some 150 MB and takes seconds to write.
 TEST(CrashDumpTest, CrashingChildrenLeaveFullDumpsOfTheirExceptionForTableCodesOnly) {
     TempFolder folder;
     ScopedEnvironmentVariable root(L"ZRK_CRASH_ROOT", folder.Path());
     fs::create_directory(folder.Join(L"current")), fs::create_directory(folder.Join(L"raised"));
-    const PROCESS_INFORMATION children[] = {
-        StartChild(L"access %ZRK_CRASH_ROOT%/named", folder.Path()),
-        StartChild(L"breakpoint", folder.Join(L"current")),  // no folder: the current one
-        StartChild(L"raise", folder.Join(L"raised"))};
-    const DWORD codes[] = {EXCEPTION_ACCESS_VIOLATION, EXCEPTION_BREAKPOINT, 0xE0001234};
-    for (int i = 0; i < 3; ++i) {
-        DWORD code = 0;
-        WaitForSingleObject(children[i].hProcess, INFINITE);
-        EXPECT_TRUE(GetExitCodeProcess(children[i].hProcess, &code) && code == codes[i]) << i;
-        CloseHandle(children[i].hProcess), CloseHandle(children[i].hThread);
-    }
-    const wchar_t* const folders[] = {L"named", L"current"};
-    for (int i = 0; i < 2; ++i) {
-        const auto dump = DumpIn(folder.Join(folders[i]));
-        EXPECT_TRUE(dump.first.Signature == 0x504D444D /* "MDMP" */ && dump.first.Flags == 0x1802 &&
-                    dump.second.ExceptionRecord.ExceptionCode == codes[i] &&
-                    dump.second.ThreadId == children[i].dwThreadId) << i;
-    }
+    const auto expectDump = [&](const ChildRun& child, const wchar_t* place, DWORD code) {
+        const fs::path path = fs::directory_iterator(folder.Join(place) + L"\\Dump")->path();
+        std::vector<char> dump(fs::file_size(path));
+        std::ifstream(path, std::ios::binary).read(dump.data(), dump.size());
+        const auto* header = reinterpret_cast<const MINIDUMP_HEADER*>(dump.data());
+        MINIDUMP_EXCEPTION_STREAM* stream = nullptr;
+        ASSERT_TRUE(MiniDumpReadDumpStream(dump.data(), ExceptionStream, nullptr,
+                                           reinterpret_cast<void**>(&stream), nullptr));
+        EXPECT_TRUE(child.exitCode == code && header->Signature == 0x504D444D /* "MDMP" */ &&
+                    header->Flags == 0x1802 && stream->ThreadId == child.threadId &&
+                    stream->ExceptionRecord.ExceptionCode == code) << place;
+    };
+    expectDump(RunChild(L"CrashingChild.exe access %ZRK_CRASH_ROOT%/named"), L"named",
+               EXCEPTION_ACCESS_VIOLATION);
+    expectDump(RunChild(L"CrashingChild.exe breakpoint", folder.Join(L"current")), L"current",
+               EXCEPTION_BREAKPOINT);  // no folder given: the current one
+    EXPECT_EQ(RunChild(L"CrashingChild.exe raise", folder.Join(L"raised")).exitCode, 0xE0001234);
     EXPECT_TRUE(fs::is_empty(folder.Join(L"raised")));  // not even a Dump folder
 }
 

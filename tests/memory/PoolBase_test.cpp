@@ -22,64 +22,45 @@ struct Pool : PoolBase {
 std::vector<std::pair<char*, std::size_t>> g_mallocs;
 int g_frees = 0;
 void* __cdecl CountedMalloc(std::size_t size) {
-    g_mallocs.emplace_back(static_cast<char*>(std::malloc(size)), size);
-    return g_mallocs.back().first;
+    return g_mallocs.emplace_back(static_cast<char*>(std::malloc(size)), size).first;
 }
 void __cdecl CountedFree(void* block) { ++g_frees, std::free(block); }
 
-// The offset of `chunk` in the newest block.
-long long Offset(void* chunk) { return static_cast<char*>(chunk) - g_mallocs.back().first; }
+// Redirected for the whole program; each test below counts from its own start.
+ImportPatch g_mallocPatch(CoreModule(), "msvcrt.dll", "malloc", (void*)&CountedMalloc);
+ImportPatch g_freePatch(CoreModule(), "msvcrt.dll", "free", (void*)&CountedFree);
 
-class PoolBaseTest : public testing::Test {
-protected:
-    void SetUp() override { ASSERT_TRUE(m_malloc.Active() && m_free.Active()); }
-    ImportPatch m_malloc{CoreModule(), "msvcrt.dll", "malloc", (void*)&CountedMalloc};
-    ImportPatch m_free{CoreModule(), "msvcrt.dll", "free", (void*)&CountedFree};
-};
-
-TEST_F(PoolBaseTest, CutsBlocksByTheGeometryAndHandsOutFromTheTop) {
+// Offsets in the newest block; a chunk given back is the next one out. A
+// copy starts empty and an assigned pool keeps its own blocks, so each block
+// is freed once, by the pool that made it.
+TEST(PoolBaseTest, CutsBlocksByTheGeometryHandsOutFromTheTopAndCopiesShareNoBlock) {
     const struct { unsigned long long size, count, blocks, request; long long first, second; }
         rows[] = {{24, 4, 0, 104, 80, 56}, {4, 2, 1, 24, 16, 8}, {12, 3, 1, 44, 32, 20},
                   {16, 0, 1, 24, 8, 8}};  // the last: one chunk a block, so a block each
+    ASSERT_TRUE(g_mallocPatch.Active() && g_freePatch.Active());
     for (const auto& row : rows) {
-        g_mallocs.clear();
-        Pool pool(row.size, row.count, row.blocks);
-        EXPECT_EQ(g_mallocs.size(), row.blocks);
-        EXPECT_EQ(Offset(pool.AllocateChunk()), row.first);
-        EXPECT_EQ(Offset(pool.AllocateChunk()), row.second);
-        EXPECT_EQ(g_mallocs.back().second, row.request);
+        g_mallocs.clear(), g_frees = 0;
+        {
+            Pool pool(row.size, row.count, row.blocks);
+            EXPECT_EQ(g_mallocs.size(), row.blocks);
+            char* const first = static_cast<char*>(pool.AllocateChunk());
+            EXPECT_EQ(first - g_mallocs.back().first, row.first);
+            EXPECT_EQ(static_cast<char*>(pool.AllocateChunk()) - g_mallocs.back().first, row.second);
+            EXPECT_EQ(g_mallocs.back().second, row.request);
+            pool.ReleaseChunk(first), pool.ReleaseChunk(nullptr), pool.ReleaseChunk_ts(nullptr);
+            EXPECT_EQ(pool.AllocateChunk(), first);
+            const std::size_t before = g_mallocs.size();
+            Pool copy(pool), assigned(8, 1, 1);
+            assigned = pool;
+            copy.AllocateChunk(), assigned.AllocateChunk(), pool.AllocateBlock();
+            EXPECT_TRUE(g_mallocs.size() == before + 4 && g_mallocs[before + 2].second == row.request);
+        }
+        EXPECT_EQ(g_frees, static_cast<int>(g_mallocs.size()));  // each block once
     }
-}
-
-// Growth only on an empty free list, LIFO reuse; copies share no block, so
-// each of the four blocks below is freed once.
-TEST_F(PoolBaseTest, GrowsOnlyWhenEmptyReusesLastInFirstOutAndCopiesShareNoBlock) {
-    g_mallocs.clear(), g_frees = 0;
-    {
-        Pool pool(8, 4, 3);
-        std::vector<void*> taken(12);
-        std::generate(taken.begin(), taken.end(), [&] { return pool.AllocateChunk(); });
-        EXPECT_EQ(g_mallocs.size(), 3u);
-        pool.ReleaseChunk(taken[5]), pool.ReleaseChunk(taken[2]), pool.ReleaseChunk(nullptr);
-        pool.ReleaseChunk_ts(nullptr);
-        EXPECT_TRUE(pool.AllocateChunk() == taken[2] && pool.AllocateChunk() == taken[5]);
-        pool.AllocateChunk();  // the thirteenth: a fourth block
-        pool.AllocateBlock();  // a fifth, whatever the free list holds
-        EXPECT_EQ(g_mallocs.size(), 5u);
-    }
-    g_mallocs.clear(), g_frees = 0;
-    {
-        Pool source(16, 2, 1), assigned(32, 1, 1);
-        void* const chunk = source.AllocateChunk();
-        Pool copy(source);
-        assigned = source;  // keeps its block, cuts new ones as the source does
-        EXPECT_TRUE(copy.AllocateChunk() != chunk && Offset(assigned.AllocateChunk()) == 24);
-    }
-    EXPECT_TRUE(g_mallocs.size() == 4 && g_frees == 4);
 }
 
 // Each thread marks its chunk and finds the mark whole before giving it back.
-TEST_F(PoolBaseTest, ThreadSafeFormsNeverHandOneChunkToTwoThreads) {
+TEST(PoolBaseTest, ThreadSafeFormsNeverHandOneChunkToTwoThreads) {
     Pool pool(64, 3, 0);
     std::atomic<int> clashes(0);
     RunOnThreads(8, [&](int thread) {

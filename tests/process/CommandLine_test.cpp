@@ -1,34 +1,12 @@
-#include <windows.h>
-
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "support/ChildProcess.h"
 #include "support/Threads.h"
 #include "zrkCore.h"
 
 namespace {
-
-// What the pair printer beside this program prints, started with `arguments`.
-std::string PairsOfChild(const std::wstring& arguments) {
-    std::wstring line = L"PrintCommandLinePairs.exe " + arguments;  // found beside this program
-    SECURITY_ATTRIBUTES inherit = {sizeof inherit, nullptr, TRUE};
-    HANDLE read = nullptr, write = nullptr;
-    CreatePipe(&read, &write, &inherit, 0);
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup, startup.dwFlags = STARTF_USESTDHANDLES, startup.hStdOutput = write;
-    PROCESS_INFORMATION child = {};
-    const BOOL started = CreateProcessW(nullptr, &line[0], nullptr, nullptr, TRUE, 0, nullptr,
-                                        nullptr, &startup, &child);
-    CloseHandle(write);
-    std::string output = started ? "" : "not started";
-    char chunk[4096];
-    for (DWORD got = 0; started && ReadFile(read, chunk, sizeof chunk, &got, nullptr) && got;) {
-        output.append(chunk, got);
-    }
-    CloseHandle(child.hProcess), CloseHandle(child.hThread), CloseHandle(read);
-    return output;
-}
 
 TEST(CommandLineTest, ChildProcessesSeeTheirArgumentsPaired) {
     const struct { const wchar_t* arguments; const char* pairs; } rows[] = {
@@ -38,7 +16,8 @@ TEST(CommandLineTest, ChildProcessesSeeTheirArgumentsPaired) {
         {L"/aaaaaaaaaaaaaaaaaaaa 1 /aaaaaaaaaaaaaaaaaaaZ 2",  // sampled alike: the same hash
          "aaaaaaaaaaaaaaaaaaaZ|2;aaaaaaaaaaaaaaaaaaaa|1;"}};
     for (const auto& row : rows) {
-        EXPECT_EQ(PairsOfChild(row.arguments), row.pairs);
+        EXPECT_EQ(RunChild(L"PrintCommandLinePairs.exe " + std::wstring(row.arguments)).output,
+                  row.pairs);
     }
     EXPECT_EQ(CommandLine::KeyHash()("\xC3"), 18410401464820409052ULL);  // sign-widened byte
 }

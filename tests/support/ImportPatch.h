@@ -4,11 +4,13 @@
 
 #include <cstring>
 
+#include "frame/NoCopy.h"
+
 // Redirects one entry of a module's import address table to a replacement
 // for the life of the object: a failure of a platform call that zrkCore.dll
 // makes, on demand, or a record of what it asks. The test's own calls are not
 // affected. Not thread-safe: patch while no other thread is inside the module.
-class ImportPatch {
+class ImportPatch : NoCopy {
 public:
     // `module`: the module whose imports change (CoreModule()); `importedDll`:
     // the DLL the function comes from ("KERNEL32.dll", any case);
@@ -26,8 +28,6 @@ public:
             Write(m_original);
         }
     }
-    ImportPatch(const ImportPatch&) = delete;
-    ImportPatch& operator=(const ImportPatch&) = delete;
 
     // True when the entry was found and redirected.
     bool Active() const { return m_slot != nullptr; }

@@ -10,11 +10,12 @@
 #include <fstream>
 #include <string>
 
+#include "frame/NoCopy.h"
 #include "support/Text.h"
 
 // Saves an environment variable (or its absence), optionally sets it at
 // once, and restores it on destruction.
-class ScopedEnvironmentVariable {
+class ScopedEnvironmentVariable : NoCopy {
 public:
     explicit ScopedEnvironmentVariable(const std::wstring& name)
         : m_name(name), m_saved(32768, L'\0') {
@@ -30,8 +31,6 @@ public:
     ~ScopedEnvironmentVariable() {
         SetEnvironmentVariableW(m_name.c_str(), m_existed ? m_saved.c_str() : nullptr);
     }
-    ScopedEnvironmentVariable(const ScopedEnvironmentVariable&) = delete;
-    ScopedEnvironmentVariable& operator=(const ScopedEnvironmentVariable&) = delete;
 
 private:
     std::wstring m_name, m_saved;
@@ -40,7 +39,7 @@ private:
 
 // A new, empty folder under the temporary folder, removed with all its
 // contents on destruction. Its path has no trailing separator.
-class TempFolder {
+class TempFolder : NoCopy {
 public:
     TempFolder()
         : m_path((std::filesystem::temp_directory_path() /
@@ -54,8 +53,6 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(m_path, ignored);
     }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
 
     const std::wstring& Path() const { return m_path; }
     std::string PathA() const { return Text<char>(m_path); }
@@ -69,15 +66,13 @@ private:
 
 // Makes `folder` the current folder and restores the previous one on
 // destruction.
-class ScopedCurrentDirectory {
+class ScopedCurrentDirectory : NoCopy {
 public:
     explicit ScopedCurrentDirectory(const std::wstring& folder)
         : m_previous(std::filesystem::current_path()) {
         std::filesystem::current_path(folder);
     }
     ~ScopedCurrentDirectory() { SetCurrentDirectoryW(m_previous.c_str()); }
-    ScopedCurrentDirectory(const ScopedCurrentDirectory&) = delete;
-    ScopedCurrentDirectory& operator=(const ScopedCurrentDirectory&) = delete;
 
 private:
     std::filesystem::path m_previous;
