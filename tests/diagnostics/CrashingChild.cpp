@@ -1,6 +1,5 @@
-// For the crash dump test: installs the crash dump, with the folder of its
-// second argument if there is one, then writes through a null pointer if its
-// first argument is "access", else raises a code of its own.
+// For the crash dump test: installs the crash dump (in the folder of its second argument, if
+// any), then writes through a null pointer if told "access", else raises a code of its own.
 #include <windows.h>
 
 #include <cstring>

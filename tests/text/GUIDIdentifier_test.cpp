@@ -39,7 +39,8 @@ TEST(GUIDIdentifierTest, OrdersFieldByFieldAndCopiesOwnTheirBlocks) {
         {Id("00000000-7fff-0000-0000-000000000000"), Id("00000000-8000-0000-0000-000000000000")}};
     for (const auto& row : rows) {
         const Id &a = row[0], &b = row[1];
-        EXPECT_TRUE(a < b && a <= b && b > a && b >= a && a != b && !(a == b) && !(b < a));
+        EXPECT_TRUE(a < b && a <= b && a <= a && b > a && b >= a && b >= b && a != b &&
+                    !(a == b) && !(b < a));
     }
     Id copy(rows[0][0]), assigned;
     const unsigned char* const before = Id::Crc32HashPtr(assigned);
