@@ -3,6 +3,7 @@
 
 #include <zrkCore.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <string>

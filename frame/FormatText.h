@@ -1,11 +1,10 @@
 #pragma once
 
 // printf-style formatting into a standard string of either width, through a
-// fixed buffer of 256 units as the library's text forms are specified. Every
-// caller's longest text stays well below that; a longer one would be cut to
-// 255 units. A text argument of a wide format is spelled %ls, which every
-// printf family (msvcrt's and the ISO one) reads as wide text. Pure; no
-// platform header.
+// fixed buffer of 256 units. Every caller's longest text stays well below
+// that; a longer one would be cut to 255 units. A text argument of a wide
+// format is spelled %ls, which every printf family (msvcrt's and the ISO one)
+// reads as wide text. Pure; no platform header.
 
 #include <algorithm>
 #include <cstdarg>

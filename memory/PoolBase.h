@@ -21,7 +21,7 @@
 // again last in, first out. The pool grows by a block whenever its free list
 // runs out and gives memory back to the system only when it is destroyed.
 //
-// Left open by the design and settled here:
+// Settled here:
 //  - malloc failing for a block, or a block size that does not fit in 64
 //    bits, is not checked: the pool assumes memory is there.
 //  - Copies share nothing. A copy constructor makes a new, empty pool of the
