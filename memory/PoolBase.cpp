@@ -2,18 +2,18 @@
 
 #include <cstdlib>
 
+#include "frame/NoCopy.h"
+
 namespace {
 
 // The link in the first 8 bytes of a block or a free chunk.
 void*& Link(void* at) { return *static_cast<void**>(at); }
 
 // Holds `lock` for its own life.
-class Held {
+class Held : NoCopy {
 public:
     explicit Held(AtomicLock& lock) : m_lock(lock) { m_lock.Lock(); }
     ~Held() { m_lock.Release(); }
-    Held(const Held&) = delete;
-    Held& operator=(const Held&) = delete;
 
 private:
     AtomicLock& m_lock;

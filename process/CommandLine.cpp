@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include "frame/NoCopy.h"
 #include "process/CommandLinePairs.h"
 
 std::size_t CommandLine::KeyHash::operator()(const std::string& key) const {
@@ -19,12 +20,10 @@ namespace {
 constexpr std::size_t kInitialBuckets = 8;
 
 // Owns the argument array that CommandLineToArgvW hands out.
-class ArgumentArray {
+class ArgumentArray : NoCopy {
 public:
     ArgumentArray() : m_arguments(CommandLineToArgvW(GetCommandLineW(), &m_count)) {}
     ~ArgumentArray() { LocalFree(m_arguments); }
-    ArgumentArray(const ArgumentArray&) = delete;
-    ArgumentArray& operator=(const ArgumentArray&) = delete;
 
     const wchar_t* const* Arguments() const { return m_arguments; }
     int Count() const { return m_arguments != nullptr ? m_count : 0; }

@@ -29,9 +29,8 @@ BOOL WINAPI RecordDump(HANDLE process, DWORD id, HANDLE file, MINIDUMP_TYPE,
     g_dumped.push_back(exception->ExceptionPointers->ExceptionRecord->ExceptionCode);
     return TRUE;
 }
-__time64_t __cdecl FixedTime(__time64_t* out) {  // 2024-01-02 03:04:05 UTC
-    return out ? *out = 1704164645 : 1704164645;
-}
+// 2024-01-02 03:04:05 UTC.
+__time64_t __cdecl FixedTime(__time64_t* out) { return out ? *out = 1704164645 : 1704164645; }
 
 // The filter's decisions, in this process and without dumps being written.
 // The folder is set for the process's life: the first call here has none.
