@@ -21,6 +21,7 @@
 
 #include "text/StringConversion.h"
 #include "text/GUIDIdentifier.h"
+#include "text/Token.h"
 
 #include "time/TimeInterval.h"
 #include "time/TimePoint.h"
@@ -31,6 +32,7 @@
 #include "filesystem/PathNormalisation.h"
 #include "filesystem/FileFind.h"
 #include "filesystem/IniFile.h"
+#include "filesystem/FileName.h"
 
 #include "shell/ShellAssociation.h"
 #include "shell/OpenByMimeType.h"
