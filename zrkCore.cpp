@@ -21,6 +21,7 @@
 #include "process/CommandLine.h"
 #include "sync/AtomicLock.h"
 #include "text/GUIDIdentifier.h"
+#include "time/PerformanceClock.h"
 
 // 1 to 3
 const GUIDIdentifier GUIDIdentifier::s_zero("00000000-0000-0000-0000-000000000000");
@@ -38,6 +39,8 @@ bool Console::s_initialized = false;
 long Console::s_refCount = 0;
 long CommandLine::s_refCount = 0;
 CommandLine* CommandLine::s_this = nullptr;
+long Time::s_initialised = 0;
+unsigned long long Time::s_frequency = 0;
 
 // The C runtime constructs the objects above before it calls this for the
 // process attach. The library does nothing on thread start or end, so it asks

@@ -25,6 +25,7 @@
 
 #include "time/TimeInterval.h"
 #include "time/TimePoint.h"
+#include "time/PerformanceClock.h"
 
 #include "process/EnvironmentVariable.h"
 #include "process/CommandLine.h"
