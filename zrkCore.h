@@ -26,6 +26,7 @@
 #include "time/TimeInterval.h"
 #include "time/TimePoint.h"
 #include "time/PerformanceClock.h"
+#include "time/TimerSet.h"
 
 #include "process/EnvironmentVariable.h"
 #include "process/CommandLine.h"
