@@ -15,6 +15,8 @@
 
 #include "sync/AtomicLock.h"
 #include "sync/CriticalSection.h"
+#include "sync/Mutex.h"
+#include "sync/SignalledObject.h"
 
 #include "memory/SmartPtr.h"
 #include "memory/PoolBase.h"
@@ -40,3 +42,4 @@
 #include "shell/OpenByMimeType.h"
 
 #include "diagnostics/CrashDump.h"
+#include "diagnostics/ModuleInfo.h"

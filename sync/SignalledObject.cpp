@@ -1,0 +1,66 @@
+#include "sync/SignalledObject.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+
+#include "sync/HandleRecord.h"
+
+using zrk::detail::HandleRecord;
+
+static_assert(sizeof(SignalledObject) == sizeof(void*), "one pointer wide");
+
+SignalledObject::SignalledObject() {
+    std::unique_ptr<HandleRecord> record(new HandleRecord{nullptr});
+    // The record's address, upper half first, names the event: unique among
+    // the live objects of this process.
+    const auto address = reinterpret_cast<std::uintptr_t>(record.get());
+    char name[1024] = {};
+    std::snprintf(name, sizeof name, "Local\\zrk.core.signalled.object.%08x%08x",
+                  static_cast<unsigned int>(address >> 32),
+                  static_cast<unsigned int>(address & 0xFFFFFFFFu));
+    record->handle = CreateEventA(nullptr, TRUE, FALSE, name);
+    m_record = record.release();
+}
+
+SignalledObject::~SignalledObject() {
+    zrk::detail::DestroyHandleRecord(m_record);
+}
+
+void SignalledObject::Set() {
+    SetEvent(m_record->handle);
+}
+
+void SignalledObject::Reset() {
+    ResetEvent(m_record->handle);
+}
+
+void SignalledObject::Pulse() {
+    PulseEvent(m_record->handle);
+}
+
+void SignalledObject::WaitFor() {
+    zrk::detail::WaitOnRecord(m_record, INFINITE);
+}
+
+bool SignalledObject::IsSet() {
+    return zrk::detail::WaitOnRecord(m_record, 0);
+}
+
+bool SignalledObject::WaitForCompletionWithTimeout(int milliseconds) {
+    // -1 becomes all 32 bits set: INFINITE.
+    return zrk::detail::WaitOnRecord(m_record, static_cast<DWORD>(milliseconds));
+}
+
+void SignalledObject::WaitFor(std::vector<SignalledObject*>& objects) {
+    std::vector<HANDLE> handles;
+    handles.reserve(objects.size());
+    for (const SignalledObject* object : objects) {
+        handles.push_back(object->m_record->handle);
+    }
+    // A count the platform cannot take fails the wait at once; the cap only
+    // keeps a vast vector from wrapping to a small count.
+    const auto count = static_cast<DWORD>(std::min<std::size_t>(handles.size(), MAXDWORD));
+    WaitForMultipleObjects(count, handles.data(), TRUE, INFINITE);
+}
