@@ -12,6 +12,11 @@ void DemoTextConversion();
 void DemoCommandLine();
 void DemoGuid();
 void DemoPool();
+void DemoMutexes();
+void DemoSignalledObjects();
+void DemoClock();
+void DemoNamesAndTokens();
+void DemoModules();
 // With `crash`, runs this program again as a child that crashes, then names
 // the dump it left in `folder` (a full path ending in "\").
 void DemoCrashDump(const std::string& folder, bool crash);

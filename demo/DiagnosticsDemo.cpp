@@ -1,4 +1,5 @@
-// Demonstration steps: identifiers, pooled memory and crash dumps.
+// Demonstration steps: identifiers, pooled memory, the module inventory and
+// crash dumps.
 #include <windows.h>
 
 #include <zrkCore.h>
@@ -24,6 +25,26 @@ void DemoGuid() {
     std::printf("  \"{not an id}\" parses to zero: %s; zero is %s\n",
                 GUIDIdentifier("{not an id}").IsZero() ? "true" : "false",
                 GUIDIdentifier::ZeroStrA().c_str());
+}
+
+void DemoModules() {
+    std::printf("== Module inventory\n");
+    std::vector<zrkModuleInfo> modules;
+    PopulateModuleInfo(&modules);
+    std::printf("  %zu modules loaded; the first, ours and the runtime's:\n", modules.size());
+    for (const zrkModuleInfo& module : modules) {
+        if (&module == &modules.front() || module.name == L"zrkCore.dll" ||
+            module.name == L"msvcrt.dll") {
+            const zrkVersionInfo& version = module.version;
+            std::printf("    %-14ls %ls, ", module.name.c_str(), module.path.c_str());
+            if (version.valid) {
+                std::printf("file version %u.%u.%u.%u\n", version.major, version.minor,
+                            version.build, version.revision);
+            } else {
+                std::printf("no version resource\n");
+            }
+        }
+    }
 }
 
 namespace {

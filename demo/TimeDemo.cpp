@@ -1,5 +1,5 @@
-// Demonstration steps: calendar time, intervals, text conversion and the
-// command line.
+// Demonstration steps: calendar time, intervals, text conversion, the
+// command line, the performance clock, file names and random tokens.
 #include <zrkCore.h>
 
 #include <cstdio>
@@ -50,4 +50,38 @@ void DemoCommandLine() {
         std::printf("  no pairs (try: zrkDemo <folder> /key value)\n");
     }
     CommandLine::StaticShutdown();
+}
+
+void DemoClock() {
+    std::printf("== Performance clock and timer sets\n");
+    Time::StaticInit();
+    std::printf("  counter frequency %llu ticks/s; 1.5 s -> %llu ticks; 250 ms -> %llu ticks\n",
+                Time::GetFrequency(), Time::SecondsToTicks(1.5f), Time::MilliecondsToTicks(250.0f));
+    TimerSet timers;
+    for (int round = 0; round < 3; ++round) {
+        timers.StartTimer();
+        zrkSleep(10);
+        timers.StopTimer("sleep 10 ms");
+        timers.StartTimer();
+        zrkSleep(30);
+        timers.StopTimer("sleep 30 ms");
+    }
+    for (const auto& [name, timer] : timers.GetTimers()) {
+        std::printf("  timer \"%s\": %u stops, %.1f ms in all\n", name.c_str(), timer.count,
+                    Time::PerformanceTimeToMilliSeconds(timer.ticks));
+    }
+    std::printf("  total %.1f ms\n", Time::PerformanceTimeToMilliSeconds(timers.GetTotalTicks()));
+    Time::StaticShutdown();
+}
+
+void DemoNamesAndTokens() {
+    std::printf("== Generated file names and random tokens\n");
+    std::printf("  GenerateFileNameA(\"log\", \"txt\", true, true) -> \"%s\"\n",
+                GenerateFileNameA("log", "txt", true, true).c_str());
+    std::printf("  GenerateFileNameW(L\"trace\", L\"etl\", false, false) -> L\"%ls\"\n",
+                GenerateFileNameW(L"trace", L"etl", false, false).c_str());
+    for (unsigned long long length : {0ull, 8ull, 32ull}) {
+        std::printf("  MakeTokenA(%llu) -> \"%s\"\n", length, MakeTokenA(length).c_str());
+    }
+    std::printf("  MakeTokenW(12) -> L\"%ls\"\n", MakeTokenW(12).c_str());
 }

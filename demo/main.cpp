@@ -87,6 +87,11 @@ int main(int argc, char** argv) {
     DemoCommandLine();
     DemoGuid();
     DemoPool();
+    DemoMutexes();
+    DemoSignalledObjects();
+    DemoClock();
+    DemoNamesAndTokens();
+    DemoModules();
     DemoCrashDump(folder, std::find(argv + 1, argv + argc, std::string("/crash")) != argv + argc);
     return 0;
 }

@@ -1,19 +1,76 @@
 // Uses the installed zrkCore the way an application does: the umbrella
-// header, the imported target, and the DLL at run time.
+// header, the imported target, and the DLL at run time. Every exported family
+// is called at least once, so a family missing from the package's headers,
+// import library or DLL fails the build, the start or a check.
 #include <zrkCore.h>
 
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <vector>
+
+namespace {
+
+struct Pool : PoolBase {
+    Pool() : PoolBase(16, 4, 0) {}
+    void* Take() { return AllocateChunk(); }
+};
+struct Target : SmartPtrTarget {};
+struct Counter : IFoundFileReceiverA {
+    int found = 0;
+    int FoundFile(const std::string&, const std::string&) override { return ++found, 0; }
+};
+
+}  // namespace
 
 int main() {
     AtomicLock lock;
-    const bool locked = lock.TryLock() && !lock.TryLock();
+    CriticalSection section;
+    Mutex mutex;
+    GlobalMutex global(L"zrk.consumer");
+    SignalledObject flag;
+    flag.Set();
     std::string path = "%ZRK_CONSUMER%/sub";
-    const bool ok =
-        std::strcmp(eEndianType_ToStringA(LittleEndian), "LittleEndian") == 0 && locked &&
+    std::string extension, verbTemplate;
+    const ClassID first, second;
+    Pool pool;
+    TimerSet timers;
+    timers.StartTimer();
+    timers.StopTimer("t");
+    Counter counter;
+    FileFindA(&counter, "C:\\windows\\system32", "ntdll.dll", 1).Search();
+    std::vector<zrkModuleInfo> modules;
+    PopulateModuleInfo(&modules);
+    Time::StaticInit();
+    SystemUtils::CrashDump::InitializeSystem();
+    Console::Info("consumer");
+    const bool checks[] = {
+        std::strcmp(eEndianType_ToStringA(LittleEndian), "LittleEndian") == 0,
+        second == first + 1u && zrkGetCurrentThreadId() != 0 && ProfilingSystem::Get() == nullptr,
+        lock.TryLock() && !lock.TryLock() && section.TryLock() && mutex.TryLock() &&
+            global.TryLock() && flag.IsSet(),
+        SmartPtr<Target>(new Target).get() != nullptr && pool.Take() != nullptr,
+        ConvertString_UTF16_to_UTF8(L"caf\u00E9") == "caf\xC3\xA9" &&
+            GUIDIdentifier(GUIDIdentifier::ZeroStrA()).IsZero() && MakeTokenA(8).size() == 8,
+        TimePoint::Epoch() + TimeInterval::FromDays(1) - TimePoint::Epoch() ==
+            TimeInterval::FromSeconds(86400),
+        Time::GetFrequency() != 0 && timers.GetTimers().size() == 1,
         EnvironmentVariable::SetStringA("ZRK_CONSUMER", "C:/zrk-consumer/leaf", true) &&
-        EnsureFolderPath(path) && path == "C:\\zrk-consumer\\leaf\\sub\\";
-    std::printf("consumer: %s\n", ok ? "all checks passed" : "FAILED");
-    return ok ? 0 : 1;
+            EnsureFolderPath(path) && path == "C:\\zrk-consumer\\leaf\\sub\\",
+        counter.found == 1 && GenerateFileNameA("a", "b", false, false) == "a.b" &&
+            IniFileA::LoadFile("C:\\missing.ini")->Size() == 0,
+        zrkParseCommandTemplateA("\"C:\\p.exe\" \"%1\"", &extension, &verbTemplate) &&
+            !zrkShellExecuteA("open", "C:\\missing.file", nullptr),
+        modules.size() > 2,
+    };
+    int failed = 0;
+    for (std::size_t index = 0; index < sizeof checks / sizeof *checks; ++index) {
+        if (!checks[index]) {
+            std::printf("consumer: check %zu FAILED\n", index);
+            ++failed;
+        }
+    }
+    Time::StaticShutdown();
+    std::printf("consumer: %s\n", failed == 0 ? "all checks passed" : "FAILED");
+    return failed == 0 ? 0 : 1;
 }
