@@ -54,6 +54,13 @@ zrkVersionInfo FileVersion(const wchar_t* moduleName) {
 
 }  // namespace
 
+zrkModuleInfo::zrkModuleInfo() : version() {}
+zrkModuleInfo::~zrkModuleInfo() = default;
+zrkModuleInfo::zrkModuleInfo(const zrkModuleInfo& other) = default;
+zrkModuleInfo& zrkModuleInfo::operator=(const zrkModuleInfo& other) = default;
+zrkModuleInfo::zrkModuleInfo(zrkModuleInfo&& other) noexcept = default;
+zrkModuleInfo& zrkModuleInfo::operator=(zrkModuleInfo&& other) noexcept = default;
+
 void PopulateModuleInfo(std::vector<zrkModuleInfo>* modules) {
     const Snapshot snapshot(GetCurrentProcessId());
     if (!snapshot.Open()) {

@@ -8,7 +8,8 @@
 // A module's file version from the fixed block of its version resource, in
 // the order a version is written: major.minor.build.revision. The four
 // numbers mean something only when `valid` is true (the library leaves them
-// 0 otherwise, but callers must not rely on that).
+// 0 otherwise, but callers must not rely on that). A plain record: copies
+// and assignments, moves included, take all five fields.
 struct zrkVersionInfo {
     unsigned short major;     // high word of the file version's upper half
     unsigned short minor;     // low word of the upper half
@@ -17,13 +18,22 @@ struct zrkVersionInfo {
     bool valid;               // the numbers were read from a version resource
 };
 
-// One module of the process. Copies and moves take all of `version`; a move
-// leaves the source's strings moved from and its version as it was. A new
-// record has empty strings and a version that is not valid, all numbers 0.
-struct zrkModuleInfo {
+// One module of the process.
+struct ZRK_API zrkModuleInfo {
     std::wstring name;  // file name without folder, "ntdll.dll"
     std::wstring path;  // full path of the file
-    zrkVersionInfo version = {};
+    zrkVersionInfo version;
+
+    // Empty strings and a version that is not valid, all numbers 0.
+    zrkModuleInfo();
+    ~zrkModuleInfo();
+    // Copies take all three fields.
+    zrkModuleInfo(const zrkModuleInfo& other);
+    zrkModuleInfo& operator=(const zrkModuleInfo& other);
+    // Moves take the strings, leaving the source's moved from, and copy the
+    // version, leaving the source's as it was.
+    zrkModuleInfo(zrkModuleInfo&& other) noexcept;
+    zrkModuleInfo& operator=(zrkModuleInfo&& other) noexcept;
 };
 
 // Appends one record for each module loaded in the current process, in the

@@ -9,8 +9,6 @@
 #include <string>
 #include <vector>
 
-namespace {
-
 struct Pool : PoolBase {
     Pool() : PoolBase(16, 4, 0) {}
     void* Take() { return AllocateChunk(); }
@@ -21,8 +19,6 @@ struct Counter : IFoundFileReceiverA {
     int FoundFile(const std::string&, const std::string&) override { return ++found, 0; }
 };
 
-}  // namespace
-
 int main() {
     AtomicLock lock;
     CriticalSection section;
@@ -30,12 +26,10 @@ int main() {
     GlobalMutex global(L"zrk.consumer");
     SignalledObject flag;
     flag.Set();
-    std::string path = "%ZRK_CONSUMER%/sub";
-    std::string extension, verbTemplate;
+    std::string path = "%ZRK_CONSUMER%/sub", program, arguments;
     const ClassID first, second;
     Pool pool;
     TimerSet timers;
-    timers.StartTimer();
     timers.StopTimer("t");
     Counter counter;
     FileFindA(&counter, "C:\\windows\\system32", "ntdll.dll", 1).Search();
@@ -44,33 +38,23 @@ int main() {
     Time::StaticInit();
     SystemUtils::CrashDump::InitializeSystem();
     Console::Info("consumer");
-    const bool checks[] = {
-        std::strcmp(eEndianType_ToStringA(LittleEndian), "LittleEndian") == 0,
-        second == first + 1u && zrkGetCurrentThreadId() != 0 && ProfilingSystem::Get() == nullptr,
+    const bool ok =
+        std::strcmp(eEndianType_ToStringA(LittleEndian), "LittleEndian") == 0 &&
+        second == first + 1u && zrkGetCurrentThreadId() != 0 && !ProfilingSystem::Get() &&
         lock.TryLock() && !lock.TryLock() && section.TryLock() && mutex.TryLock() &&
-            global.TryLock() && flag.IsSet(),
-        SmartPtr<Target>(new Target).get() != nullptr && pool.Take() != nullptr,
+        global.TryLock() && flag.IsSet() && SmartPtr<Target>(new Target).get() && pool.Take() &&
         ConvertString_UTF16_to_UTF8(L"caf\u00E9") == "caf\xC3\xA9" &&
-            GUIDIdentifier(GUIDIdentifier::ZeroStrA()).IsZero() && MakeTokenA(8).size() == 8,
+        GUIDIdentifier(GUIDIdentifier::ZeroStrA()).IsZero() && MakeTokenA(8).size() == 8 &&
         TimePoint::Epoch() + TimeInterval::FromDays(1) - TimePoint::Epoch() ==
-            TimeInterval::FromSeconds(86400),
-        Time::GetFrequency() != 0 && timers.GetTimers().size() == 1,
+            TimeInterval::FromSeconds(86400) &&
+        Time::GetFrequency() != 0 && timers.GetTimers().size() == 1 &&
         EnvironmentVariable::SetStringA("ZRK_CONSUMER", "C:/zrk-consumer/leaf", true) &&
-            EnsureFolderPath(path) && path == "C:\\zrk-consumer\\leaf\\sub\\",
+        EnsureFolderPath(path) && path == "C:\\zrk-consumer\\leaf\\sub\\" &&
         counter.found == 1 && GenerateFileNameA("a", "b", false, false) == "a.b" &&
-            IniFileA::LoadFile("C:\\missing.ini")->Size() == 0,
-        zrkParseCommandTemplateA("\"C:\\p.exe\" \"%1\"", &extension, &verbTemplate) &&
-            !zrkShellExecuteA("open", "C:\\missing.file", nullptr),
-        modules.size() > 2,
-    };
-    int failed = 0;
-    for (std::size_t index = 0; index < sizeof checks / sizeof *checks; ++index) {
-        if (!checks[index]) {
-            std::printf("consumer: check %zu FAILED\n", index);
-            ++failed;
-        }
-    }
+        IniFileA::LoadFile("C:\\missing.ini")->Size() == 0 &&
+        zrkParseCommandTemplateA("\"C:\\p.exe\" \"%1\"", &program, &arguments) &&
+        !zrkShellExecuteA("open", "C:\\missing.file", nullptr) && modules.size() > 2;
     Time::StaticShutdown();
-    std::printf("consumer: %s\n", failed == 0 ? "all checks passed" : "FAILED");
-    return failed == 0 ? 0 : 1;
+    std::printf("consumer: %s\n", ok ? "all checks passed" : "FAILED");
+    return ok ? 0 : 1;
 }

@@ -25,21 +25,6 @@ TEST(LibraryTest, ExportsItsInterfaceAndNothingInternal) {
                                "RNSt7__cxx1112basic_stringIwSt11char_traitsIwESaIwEEE"));
 }
 
-TEST(LibraryTest, VersionResourceCarriesTheProjectVersionAndName) {
-    const DWORD size = GetFileVersionInfoSizeW(L"zrkCore.dll", nullptr);
-    std::string block(size, '\0');
-    ASSERT_TRUE(size > 0 && GetFileVersionInfoW(L"zrkCore.dll", 0, size, block.data()));
-    VS_FIXEDFILEINFO* fixed = nullptr;
-    UINT length = 0;
-    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", reinterpret_cast<void**>(&fixed), &length));
-    EXPECT_EQ(fixed->dwFileVersionMS, MAKELONG(ZRK_TEST_VERSION_MINOR, ZRK_TEST_VERSION_MAJOR));
-    EXPECT_EQ(fixed->dwFileVersionLS, MAKELONG(0, ZRK_TEST_VERSION_PATCH));
-    wchar_t* product = nullptr;
-    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\StringFileInfo\\040904B0\\ProductName",
-                               reinterpret_cast<void**>(&product), &length));
-    EXPECT_STREQ(product, L"zrkCore");
-}
-
 // Nothing looks at a format text (or its arguments) or handler on an unreadable page.
 TEST(LibraryTest, DiagnosticsEntriesStayInertAndTheirStaticsKeepTheLoadValues) {
     auto* page = static_cast<char*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT, PAGE_NOACCESS));

@@ -1,19 +1,14 @@
-// Started by the mutex test with a mode and a GlobalMutex name (ASCII):
-//   try      exits with 0 if TryLock takes the mutex, 1 if not
-//   abandon  locks the mutex and exits owning it
+// Started by the mutex test: exits with 0 if TryLock takes the GlobalMutex
+// named by its (ASCII) argument, 1 if not.
 #include <zrkCore.h>
 
 #include <cstring>
 #include <string>
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
+    if (argc != 2) {
         return 2;
     }
-    GlobalMutex mutex(std::wstring(argv[2], argv[2] + std::strlen(argv[2])));
-    if (std::strcmp(argv[1], "abandon") == 0) {
-        mutex.Lock();
-        return 0;
-    }
+    GlobalMutex mutex(std::wstring(argv[1], argv[1] + std::strlen(argv[1])));
     return mutex.TryLock() ? 0 : 1;
 }

@@ -13,78 +13,56 @@ namespace {
 
 // Whether another thread's TryLock takes the mutex; it gives back what it took.
 template <class AnyMutex>
-bool TakenByOtherThread(AnyMutex& mutex) {
+bool TakenElsewhere(AnyMutex& mutex) {
     bool taken = false;
     std::thread([&] {
-        taken = mutex.TryLock();
-        if (taken) {
+        if ((taken = mutex.TryLock())) {
             mutex.Release();
         }
     }).join();
     return taken;
 }
 
-std::wstring UniqueName() {
-    return L"zrk.test.mutex." + std::to_wstring(GetCurrentProcessId());
-}
+const std::wstring g_name = L"zrk.test.mutex." + std::to_wstring(GetCurrentProcessId());
 
-}  // namespace
-
-TEST(MutexTest, TheOwnerReentersAndOthersGetInAfterItsLastRelease) {
-    Mutex mutex;
-    mutex.Lock();
-    EXPECT_TRUE(mutex.TryLock());
-    mutex.Release();
-    EXPECT_FALSE(TakenByOtherThread(mutex));
-    mutex.Release();
-    EXPECT_TRUE(TakenByOtherThread(mutex));
-}
-
-TEST(GlobalMutexTest, AnEmptyNameGivesAPrivateMutexOfItsOwn) {
-    GlobalMutex first(L""), second(L"");
-    first.Lock();
-    EXPECT_TRUE(TakenByOtherThread(second));
-    first.Release();
-}
-
-TEST(GlobalMutexTest, OneNameIsOneMutexInTheMachineWideNamespace) {
-    GlobalMutex first(L"Z"), second(L"Z");
-    HANDLE opened = OpenMutexW(SYNCHRONIZE, FALSE, L"Global\\Z");
+// An empty name gives a private mutex of its own; any other is the mutex
+// "Global\" + name, one for every process.
+TEST(GlobalMutexTest, OneNameIsOneMutexForEveryProcess) {
+    GlobalMutex unnamed(L""), alsoUnnamed(L""), mutex(g_name);
+    unnamed.Lock();
+    EXPECT_TRUE(TakenElsewhere(alsoUnnamed));
+    unnamed.Release();
+    HANDLE opened = OpenMutexW(SYNCHRONIZE, FALSE, (L"Global\\" + g_name).c_str());
     EXPECT_NE(opened, nullptr);
     CloseHandle(opened);
-    first.Lock();
-    EXPECT_FALSE(TakenByOtherThread(second));
-    first.Release();
-    EXPECT_TRUE(TakenByOtherThread(second));
+    mutex.Lock();
+    EXPECT_EQ(RunChild(L"MutexChild.exe " + g_name).exitCode, 1u);
+    mutex.Release();
+    EXPECT_EQ(RunChild(L"MutexChild.exe " + g_name).exitCode, 0u);
 }
 
-TEST(GlobalMutexTest, IsSharedWithAnotherProcessThatMayAbandonIt) {
-    const std::wstring name = UniqueName();
-    GlobalMutex mutex(name);
-    mutex.Lock();
-    EXPECT_EQ(RunChild(L"MutexChild.exe try " + name).exitCode, 1u);
-    mutex.Release();
-    EXPECT_EQ(RunChild(L"MutexChild.exe try " + name).exitCode, 0u);
-
-    // The child ends owning it: this thread's TryLock then takes it but
-    // answers false.
-    ASSERT_EQ(RunChild(L"MutexChild.exe abandon " + name).exitCode, 0u);
+// A thread that ends owning the mutex abandons it: TryLock then takes it but
+// answers false.
+TEST(MutexTest, TryLockAnswersFalseForAnAbandonedMutexItNowOwns) {
+    Mutex mutex;
+    std::thread([&] { mutex.Lock(); }).join();
     EXPECT_FALSE(mutex.TryLock());
-    EXPECT_FALSE(TakenByOtherThread(mutex));
+    EXPECT_FALSE(TakenElsewhere(mutex));
     mutex.Release();
-    EXPECT_TRUE(TakenByOtherThread(mutex));
+    EXPECT_TRUE(TakenElsewhere(mutex));
 }
 
 // A backslash after the prefix is refused by the platform; a zero character
-// would cut the name short to another one, "Global\zrk.test.mutex.<pid>".
+// would cut the name short to the name before it.
 TEST(GlobalMutexTest, ARefusedNameGivesAnObjectThatHoldsNothing) {
-    const std::wstring cut = UniqueName() + L'\0' + L"tail";
-    GlobalMutex shortName(UniqueName());
-    for (const std::wstring& name : {std::wstring(L"a\\b"), cut}) {
+    GlobalMutex shortName(g_name);
+    for (const std::wstring& name : {std::wstring(L"a\\b"), g_name + L'\0' + L"tail"}) {
         GlobalMutex mutex(name);
         mutex.Lock();  // returns at once
         EXPECT_FALSE(mutex.TryLock());
         mutex.Release();
     }
-    EXPECT_TRUE(TakenByOtherThread(shortName));
+    EXPECT_TRUE(TakenElsewhere(shortName));
 }
+
+}  // namespace
