@@ -4,7 +4,10 @@
 
 #include <tlhelp32.h>
 
+#include <cstddef>
 #include <memory>
+
+#include "diagnostics/FileVersion.h"
 
 namespace {
 
@@ -28,6 +31,12 @@ private:
     HANDLE m_handle;
 };
 
+// The platform's fixed block, as FileVersionNumbers reads it.
+static_assert(offsetof(VS_FIXEDFILEINFO, dwSignature) == 0 &&
+                  offsetof(VS_FIXEDFILEINFO, dwFileVersionMS) == 8 &&
+                  offsetof(VS_FIXEDFILEINFO, dwFileVersionLS) == 12,
+              "the fixed block's layout");
+
 // The file version of the module of that short name, or a version that is
 // not valid when it has no readable fixed block carrying the signature.
 zrkVersionInfo FileVersion(const wchar_t* moduleName) {
@@ -38,16 +47,13 @@ zrkVersionInfo FileVersion(const wchar_t* moduleName) {
         return version;
     }
     std::unique_ptr<BYTE[]> block(new BYTE[size]);
-    VS_FIXEDFILEINFO* fixed = nullptr;
+    void* fixed = nullptr;
     UINT length = 0;
     if (GetFileVersionInfoW(moduleName, handleWord, size, block.get()) &&
-        VerQueryValueW(block.get(), L"\\", reinterpret_cast<void**>(&fixed), &length) &&
-        length != 0 && fixed->dwSignature == VS_FFI_SIGNATURE) {
-        version.major = HIWORD(fixed->dwFileVersionMS);
-        version.minor = LOWORD(fixed->dwFileVersionMS);
-        version.build = HIWORD(fixed->dwFileVersionLS);
-        version.revision = LOWORD(fixed->dwFileVersionLS);
-        version.valid = true;
+        VerQueryValueW(block.get(), L"\\", &fixed, &length)) {
+        if (const auto numbers = zrk::detail::FileVersionNumbers(fixed, length)) {
+            version = {(*numbers)[0], (*numbers)[1], (*numbers)[2], (*numbers)[3], true};
+        }
     }
     return version;
 }

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
+#include <string>
 
+#include "sync/EventName.h"
 #include "sync/HandleRecord.h"
 
 using zrk::detail::HandleRecord;
@@ -13,14 +14,10 @@ static_assert(sizeof(SignalledObject) == sizeof(void*), "one pointer wide");
 
 SignalledObject::SignalledObject() {
     std::unique_ptr<HandleRecord> record(new HandleRecord{nullptr});
-    // The record's address, upper half first, names the event: unique among
-    // the live objects of this process.
-    const auto address = reinterpret_cast<std::uintptr_t>(record.get());
-    char name[1024] = {};
-    std::snprintf(name, sizeof name, "Local\\zrk.core.signalled.object.%08x%08x",
-                  static_cast<unsigned int>(address >> 32),
-                  static_cast<unsigned int>(address & 0xFFFFFFFFu));
-    record->handle = CreateEventA(nullptr, TRUE, FALSE, name);
+    // Named after the record's address: unique among this process's objects.
+    const std::string name =
+        zrk::detail::SignalledObjectName(reinterpret_cast<std::uintptr_t>(record.get()));
+    record->handle = CreateEventA(nullptr, TRUE, FALSE, name.c_str());
     m_record = record.release();
 }
 

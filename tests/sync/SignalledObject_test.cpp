@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cstdio>
 #include <thread>
 #include <vector>
 
@@ -35,20 +34,6 @@ TEST(SignalledObjectTest, StaysSetUntilResetOrPulsedAndAPulseWakesOnlyWaiters) {
     EXPECT_TRUE(woken && !object.IsSet());
     object.Set();  // frees a waiter that no pulse woke
     waiter.join();
-}
-
-// The name ends in the address of the record, the object's one pointer.
-TEST(SignalledObjectTest, TheEventIsNamedAfterTheRecordsAddress) {
-    SignalledObject objects[2];
-    for (SignalledObject& object : objects) {
-        char name[64];
-        std::snprintf(name, sizeof name, "Local\\zrk.core.signalled.object.%016llx",
-                      reinterpret_cast<unsigned long long>(*reinterpret_cast<void**>(&object)));
-        HANDLE event = OpenEventA(EVENT_MODIFY_STATE, FALSE, name);
-        EXPECT_TRUE(SetEvent(event)) << name;
-        CloseHandle(event);
-        EXPECT_TRUE(object.IsSet());
-    }
 }
 
 TEST(SignalledObjectTest, WaitForAllNeedsAllSetAtOneMomentAndTakesAtMost64) {

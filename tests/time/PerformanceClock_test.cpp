@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "support/ImportPatch.h"
 #include "zrkCore.h"
 
@@ -35,8 +33,7 @@ TEST(PerformanceClockTest, ReadsTheFrequencyAtTheFirstInitAndConvertsInSinglePre
     EXPECT_GT(Time::GetPerformanceTime(), start);
     ImportPatch counter(CoreModule(), "KERNEL32.dll", "QueryPerformanceCounter",
                         (void*)&FailingCounter);
-    Time a, b;
-    EXPECT_TRUE(Time::GetPerformanceTime() == 0 && &(a = b) == &a && &(a = std::move(b)) == &a);
+    EXPECT_EQ(Time::GetPerformanceTime(), 0u);
 }
 
 }  // namespace
