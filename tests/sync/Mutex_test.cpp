@@ -25,8 +25,10 @@ bool TakenElsewhere(AnyMutex& mutex) {
 
 const std::wstring g_name = L"zrk.test.mutex." + std::to_wstring(GetCurrentProcessId());
 
-// A name is the mutex "Global\" + name, one for every process.
-TEST(GlobalMutexTest, OneNameIsOneMutexForEveryProcess) {
+// A name is the mutex "Global\" + name, one for every process. A backslash
+// after the prefix is refused by the platform, and a zero character would cut
+// the name short: no mutex then, not even a free one that TryLock would take.
+TEST(GlobalMutexTest, OneNameIsOneMutexForEveryProcessAndARefusedOneNone) {
     GlobalMutex mutex(g_name);
     HANDLE opened = OpenMutexW(SYNCHRONIZE, FALSE, (L"Global\\" + g_name).c_str());
     EXPECT_NE(opened, nullptr);
@@ -35,11 +37,16 @@ TEST(GlobalMutexTest, OneNameIsOneMutexForEveryProcess) {
     EXPECT_EQ(RunChild(L"MutexChild.exe " + g_name).exitCode, 1u);
     mutex.Release();
     EXPECT_EQ(RunChild(L"MutexChild.exe " + g_name).exitCode, 0u);
+    for (const std::wstring& name : {std::wstring(L"a\\b"), g_name + L'\0' + L"tail"}) {
+        GlobalMutex refused(name);
+        refused.Lock();  // returns at once
+        EXPECT_FALSE(refused.TryLock());
+        refused.Release();
+    }
 }
 
 // A thread that ends owning the mutex abandons it: TryLock then takes it but
-// answers false. (An unnamed mutex, so one of its own: were it named, all
-// Mutex objects would share it.)
+// answers false.
 TEST(MutexTest, TryLockAnswersFalseForAnAbandonedMutexItNowOwns) {
     Mutex mutex;
     std::thread([&] { mutex.Lock(); }).join();
@@ -47,17 +54,6 @@ TEST(MutexTest, TryLockAnswersFalseForAnAbandonedMutexItNowOwns) {
     EXPECT_FALSE(TakenElsewhere(mutex));
     mutex.Release();
     EXPECT_TRUE(TakenElsewhere(mutex));
-}
-
-// A backslash after the prefix is refused by the platform; a zero character
-// would cut the name short to a mutex that TryLock would take.
-TEST(GlobalMutexTest, ARefusedNameGivesAnObjectThatHoldsNothing) {
-    for (const std::wstring& name : {std::wstring(L"a\\b"), g_name + L'\0' + L"tail"}) {
-        GlobalMutex mutex(name);
-        mutex.Lock();  // returns at once
-        EXPECT_FALSE(mutex.TryLock());
-        mutex.Release();
-    }
 }
 
 }  // namespace

@@ -14,7 +14,6 @@ TEST(SignalledObjectTest, StaysSetUntilResetOrPulsedAndAPulseWakesOnlyWaiters) {
     SignalledObject object;
     EXPECT_FALSE(object.IsSet() || object.WaitForCompletionWithTimeout(50));
     object.Set();
-    object.WaitFor();
     EXPECT_TRUE(object.IsSet() && object.WaitForCompletionWithTimeout(0));
     object.Reset();
     EXPECT_FALSE(object.IsSet());

@@ -4,7 +4,6 @@
 
 #include <cstring>
 #include <set>
-#include <stdexcept>
 #include <string>
 
 #include "support/ImportPatch.h"
@@ -28,7 +27,6 @@ TEST(TokenTest, EachCallSeedsOnceFromTheSystemSource) {
         ImportPatch patch(CoreModule(), "bcrypt.dll", "BCryptGenRandom", (void*)&FixedSeed);
         EXPECT_TRUE(MakeTokenA(10) == "ykyD0R1TWL" && MakeTokenW(10) == L"ykyD0R1TWL" &&
                     MakeTokenA(0).empty() && g_seeds == 3);
-        EXPECT_THROW(MakeTokenW(~0ULL), std::length_error);
     }
     const std::string symbols = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     const std::string token = MakeTokenA(100000);
