@@ -41,6 +41,12 @@ void DemoMutexes() {
     std::printf("  after both Releases, another thread's TryLock -> %s\n",
                 YesNo(TakenElsewhere(mutex)));
 
+    std::thread([&] { mutex.Lock(); }).join();
+    std::printf("  a thread ended owning it, so it is abandoned: TryLock here -> %s, and yet\n"
+                "    this thread owns it now: another thread's TryLock -> %s\n",
+                YesNo(mutex.TryLock()), YesNo(TakenElsewhere(mutex)));
+    mutex.Release();
+
     GlobalMutex first(L"zrk.demo"), second(L"zrk.demo");
     first.Lock();
     std::printf("  two GlobalMutex(L\"zrk.demo\") are one mutex, \"Global\\zrk.demo\", for every"

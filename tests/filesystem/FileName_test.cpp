@@ -20,8 +20,8 @@ TEST(FileNameTest, JoinsPrefixProgramUtcStampAndExtension) {
     ImportPatch time(CoreModule(), "msvcrt.dll", "_time64", (void*)&FixedTime);
     EXPECT_EQ(GenerateFileNameA("crash", "log", true, true),
               "crash.filesystem_test.exe.2024-01-02 03-04-05.log");
-    EXPECT_EQ(GenerateFileNameW(L"", L".log", false, true), L"2024-01-02 03-04-05..log");
-    EXPECT_EQ(GenerateFileNameW(L"", L"", true, false), L"filesystem_test.exe.");
+    EXPECT_EQ(GenerateFileNameW(L"", L".log", true, true),
+              L"filesystem_test.exe.2024-01-02 03-04-05..log");
     ImportPatch path(CoreModule(), "KERNEL32.dll", "GetModuleFileNameA", (void*)&CannotTell);
     EXPECT_EQ(GenerateFileNameA("p", "x", true, false), "p..x");
 }
