@@ -34,7 +34,8 @@ void DemoTextConversion() {
     const std::wstring wide = ConvertString_UTF8_to_UTF16("caf\xC3\xA9 \xF0\x9F\x98\x80");
     std::printf("  UTF-8 \"caf\xC3\xA9 \xF0\x9F\x98\x80\" -> %zu UTF-16 units -> back: %s\n",
                 wide.size(), ConvertString_UTF16_to_UTF8(wide).c_str());
-    std::printf("  Latin-1 byte 0xE9 -> unit 0x%04X; a lone 0xFF as UTF-8 -> %zu units (rejected)\n",
+    std::printf("  Latin-1 byte 0xE9 -> unit 0x%04X;"
+                " a lone 0xFF as UTF-8 -> %zu units (rejected)\n",
                 static_cast<unsigned>(ConvertString_LATIN1_to_UTF8("\xE9")[0]),
                 ConvertString_UTF8_to_UTF16("\xFF").size());
 }

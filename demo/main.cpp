@@ -28,7 +28,8 @@ void DemoEndianTexts() {
 
 void DemoEnvironment() {
     std::printf("== Environment variables\n");
-    const bool set = EnvironmentVariable::SetStringA("ZRK_DEMO_GREETING", "hello from zrkCore", true);
+    const bool set =
+        EnvironmentVariable::SetStringA("ZRK_DEMO_GREETING", "hello from zrkCore", true);
     std::printf("  SetStringA(ZRK_DEMO_GREETING, \"hello from zrkCore\") -> %s\n",
                 set ? "true" : "false");
     std::string value;

@@ -17,8 +17,10 @@ void Time::StaticShutdown() { InterlockedDecrement(&s_initialised); }
 
 unsigned long long Time::GetPerformanceTime() {
     LARGE_INTEGER counter;
-    return QueryPerformanceCounter(&counter) == 1 ? static_cast<unsigned long long>(counter.QuadPart)
-                                                  : 0;
+    if (QueryPerformanceCounter(&counter) != 1) {
+        return 0;
+    }
+    return static_cast<unsigned long long>(counter.QuadPart);
 }
 
 unsigned long long Time::GetFrequency() { return s_frequency; }

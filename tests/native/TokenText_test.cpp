@@ -10,7 +10,7 @@ namespace {
 using zrk::detail::DrawToken;
 
 TEST(TokenTextTest, DropsTheTopFourValuesAndPicksByRemainder) {
-    const std::vector<std::uint32_t> values = {4294967292u, 4294967295u, 0, 61, 62, 4294967291u, 36};
+    const std::vector<unsigned> values = {4294967292u, 4294967295u, 0, 61, 62, 4294967291u, 36};
     std::size_t next = 0;
     EXPECT_EQ(DrawToken<char>(5, [&] { return values[next++]; }), "0z0za");
     EXPECT_EQ(next, values.size());

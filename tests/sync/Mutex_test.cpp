@@ -14,9 +14,8 @@ namespace {
 
 // Whether another thread's TryLock takes the mutex; it gives back what it took.
 template <class AnyMutex>
-bool TakenElsewhere(AnyMutex& mutex) {
-    return std::async(std::launch::async, [&] { return mutex.TryLock() && (mutex.Release(), true); })
-        .get();
+bool TakenElsewhere(AnyMutex& m) {
+    return std::async(std::launch::async, [&] { return m.TryLock() && (m.Release(), true); }).get();
 }
 
 const std::wstring g_name = L"zrk.test.mutex." + std::to_wstring(GetCurrentProcessId());

@@ -18,16 +18,17 @@ TEST(TimerSetTest, BooksFromTheOneStartMarkAndMovesLeaveTheTotal) {
     TimerSet set;
     EXPECT_TRUE(set.GetTimers().empty() && set.GetTotalTicks() == 0);
     set.StartTimer(), set.StartTimer();  // 10, then 20: the later mark holds
-    set.StopTimer("a"), set.StopTimer("");  // 30 and 40: 10, then 20 from the same mark
+    set.StopTimer("a"), set.StopTimer("");  // 30 and 40: 10, then 20 from one mark
     set.StartTimer(), set.StopTimer("a");   // 50 to 60
     const auto& timers = set.GetTimers();
-    EXPECT_TRUE(timers.at("a").ticks == 20 && timers.at("a").count == 2 && timers.at("").ticks == 20 &&
-                timers.count("A") == 0 && set.GetTotalTicks() == 40);
-    TimerSet moved(std::move(set));
-    EXPECT_TRUE(set.GetTimers().empty() && set.GetTotalTicks() == 40 && moved.GetTotalTicks() == 40);
+    EXPECT_TRUE(timers.at("a").ticks == 20 && timers.at("a").count == 2 &&
+                timers.at("").ticks == 20 && timers.count("A") == 0 && set.GetTotalTicks() == 40);
+    TimerSet moved(std::move(set));  // the source keeps its mark and total, not its entries
+    EXPECT_TRUE(set.GetTimers().empty() && set.GetTotalTicks() == 40);
     set = std::move(moved);
     set = set;
-    EXPECT_TRUE(moved.GetTimers().empty() && timers.at("a").count == 2 && set.GetTotalTicks() == 40);
+    EXPECT_TRUE(moved.GetTimers().empty() && moved.GetTotalTicks() == 40 &&
+                timers.at("a").count == 2 && set.GetTotalTicks() == 40);
 }
 
 }  // namespace
