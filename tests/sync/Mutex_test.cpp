@@ -41,12 +41,13 @@ TEST(GlobalMutexTest, OneNameIsOneMutexForEveryProcessAndARefusedOneNone) {
 }
 
 // A thread that ends owning the mutex abandons it: TryLock then takes it but
-// answers false.
+// answers false. Unnamed mutexes are each one of their own.
 TEST(MutexTest, TryLockAnswersFalseForAnAbandonedMutexItNowOwns) {
-    Mutex mutex;
+    Mutex mutex, other;
     std::thread([&] { mutex.Lock(); }).join();
     EXPECT_FALSE(mutex.TryLock());
     EXPECT_FALSE(TakenElsewhere(mutex));
+    EXPECT_TRUE(TakenElsewhere(other));
 }
 
 }  // namespace
