@@ -25,7 +25,7 @@ public:
 
     // The counter now; 0 if the platform's query fails.
     static unsigned long long GetPerformanceTime();
-    // Ticks per second, as read by the last first StaticInit.
+    // Ticks per second, as read when the count of users last went from 0 to 1.
     static unsigned long long GetFrequency();
 
     static float PerformanceTimeToSeconds(unsigned long long ticks);
