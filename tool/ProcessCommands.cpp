@@ -1,0 +1,81 @@
+// zrk env and zrk args: environment variables and the command line.
+#include <zrkCore.h>
+
+#include <string>
+#include <vector>
+
+#include "tool/Command.h"
+
+namespace zrk::tool {
+namespace {
+
+int Environment(const ParsedArguments& arguments) {
+    const std::vector<std::string>& words = arguments.positional;
+    const std::string& action = words[0];
+    const std::size_t wanted = action == "set" ? 3 : 2;
+    if (action != "get" && action != "array" && action != "set" && action != "delete") {
+        throw UsageError("unknown action \"" + action + "\"");
+    }
+    if (words.size() != wanted) {
+        throw UsageError("env " + action + (wanted == 3 ? " takes NAME VALUE" : " takes NAME"));
+    }
+    if (arguments.Has("create") && action != "set") {
+        throw UsageError("--create goes with env set only");
+    }
+    const std::string& name = words[1];
+    if (action == "get") {
+        std::string value;
+        if (!EnvironmentVariable::GetStringA(name, &value)) {
+            return Fail("env", "no variable " + name);
+        }
+        PrintLine(value);
+    } else if (action == "array") {
+        std::vector<std::string> values;
+        if (!EnvironmentVariable::GetArrayA(name, &values)) {
+            return Fail("env", "no variable " + name);
+        }
+        for (const std::string& value : values) {
+            PrintLine(value);
+        }
+    } else if (action == "set") {
+        if (!EnvironmentVariable::SetStringA(name, words[2], arguments.Has("create"))) {
+            return Fail("env", "can't set " + name +
+                                   (arguments.Has("create") ? "" : " (it doesn't exist: --create)"));
+        }
+    } else if (!EnvironmentVariable::DeleteA(name)) {
+        return Fail("env", "can't delete " + name);
+    }
+    return 0;
+}
+
+int Arguments(const ParsedArguments&) {
+    CommandLine::StaticInit();
+    const CommandLine* line = CommandLine::Get();
+    for (auto pair = line->Begin(); pair != line->End(); ++pair) {
+        PrintLine(pair->first + '\t' + pair->second);
+    }
+    CommandLine::StaticShutdown();
+    return 0;
+}
+
+}  // namespace
+
+void AddProcessCommands(std::vector<Command>* commands) {
+    commands->push_back(
+        {"env", "env get NAME | env array NAME | env set NAME VALUE [--create] | env delete NAME",
+         "read, write and delete this process's environment variables",
+         "get prints the value; array prints the value's \";\"-parted items, a line each,\n"
+         "without empty ones; set changes a variable, and creates one only with --create\n"
+         "(an empty value can't be set); delete removes it. zrk runs in a process of its\n"
+         "own, so a change lasts only as long as the command.",
+         {{"create", false}}, 2, 3, &Environment});
+    commands->push_back(
+        {"args", "args [WORDS...]",
+         "the key and value pairs that zrk's own command line makes",
+         "A word that begins with \"/\" names a key (compared without regard to case) and the\n"
+         "next word that doesn't is its value. Prints \"key<TAB>value\" a line each, in the\n"
+         "map's own order. Put \"--\" first to pass words that begin with \"--\".",
+         {}, 0, static_cast<std::size_t>(-1), &Arguments});
+}
+
+}  // namespace zrk::tool
