@@ -91,8 +91,10 @@ int Crash(const ParsedArguments& arguments) {
     if (!EnsureFolderPath(folder)) {
         return Fail("crash", "can't make the folder " + folder);
     }
+    // The folder goes without its final "\", which would escape the closing quote.
     std::wstring commandLine = L"\"" + ConvertString_UTF8_to_UTF16(ProgramPath()) +
-                               L"\" crash --child \"" + ConvertString_UTF8_to_UTF16(folder) +
+                               L"\" crash --child \"" +
+                               ConvertString_UTF8_to_UTF16(folder.substr(0, folder.size() - 1)) +
                                L"\"";
     if (arguments.Has("code")) {
         commandLine += L" --code " + ConvertString_UTF8_to_UTF16(code);
