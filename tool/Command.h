@@ -36,6 +36,7 @@ void AddProcessCommands(std::vector<Command>* commands);
 void AddFileCommands(std::vector<Command>* commands);
 void AddShellCommands(std::vector<Command>* commands);
 void AddTextAndTimeCommands(std::vector<Command>* commands);
+void AddTourCommand(std::vector<Command>* commands);
 
 // Writes `line` and a line end to standard output.
 void PrintLine(const std::string& line);

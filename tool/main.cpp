@@ -84,6 +84,7 @@ int main() {
     AddFileCommands(&commands);
     AddShellCommands(&commands);
     AddTextAndTimeCommands(&commands);
+    AddTourCommand(&commands);
 
     std::vector<std::string> words = CommandWords();
     if (words.empty() || words[0] == "--help" || words[0] == "help") {

@@ -1,4 +1,4 @@
-// Demonstration step: reading an INI file with IniFileA.
+// Tour step: reading an INI file with IniFileA.
 #include <windows.h>
 
 #include <zrkCore.h>
@@ -7,22 +7,18 @@
 #include <fstream>
 #include <string>
 
-#include "Demos.h"
+#include "tool/tour/TourSteps.h"
 
-void DemoIniFile() {
+void TourIniFile() {
     std::printf("== INI files\n");
 
-    // A folder of our own under the temporary folder.
-    char temp[MAX_PATH + 1] = {};
-    GetTempPathA(MAX_PATH, temp);
-    const std::string folder =
-        std::string(temp) + "zrkCore-ini-demo-" + std::to_string(GetCurrentProcessId());
+    const std::string folder = TourFolder() + "ini";
     CreateDirectoryA(folder.c_str(), nullptr);
     const std::string path = folder + "\\settings.ini";
 
     {
         std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        out << "; written by zrkDemo\r\n"
+        out << "; written by the zrk tour\r\n"
                "[Server]\r\n"
                "Host = example.org\r\n"
                "Port=8080\r\n"

@@ -1,4 +1,4 @@
-// Demonstration steps: opening a file by MIME type, and searching a folder
+// Tour steps: opening a file by MIME type, and searching a folder
 // tree.
 #include <windows.h>
 
@@ -10,7 +10,7 @@
 #include <iterator>
 #include <string>
 
-#include "Demos.h"
+#include "tool/tour/TourSteps.h"
 
 namespace {
 
@@ -21,11 +21,9 @@ std::string ProgramFolder() {
     return text.substr(0, text.find_last_of('\\'));
 }
 
-// A folder of our own under the temporary folder.
-std::string MakeDemoFolder(const char* name) {
-    char temp[MAX_PATH + 1] = {};
-    GetTempPathA(MAX_PATH, temp);
-    const std::string folder = std::string(temp) + name + std::to_string(GetCurrentProcessId());
+// A folder of our own below the tour's folder.
+std::string MakeTourFolder(const char* name) {
+    const std::string folder = TourFolder() + name;
     CreateDirectoryA(folder.c_str(), nullptr);
     return folder;
 }
@@ -34,21 +32,21 @@ void WriteFile(const std::string& path, const char* text) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
 }
 
-// The registration of the demonstration's MIME type, removed again by the
+// The registration of the tour's MIME type, removed again by the
 // destructor.
-class DemoRegistration {
+class TourRegistration {
 public:
     static constexpr const char* kMimeKey =
-        "Mime\\Database\\Content Type\\application/x-zrk-demo";
-    static constexpr const char* kExtension = ".zrkdemo";
-    static constexpr const char* kFileType = "zrkdemo.file";
+        "Mime\\Database\\Content Type\\application/x-zrk-tour";
+    static constexpr const char* kExtension = ".zrktour";
+    static constexpr const char* kFileType = "zrktour.file";
 
-    explicit DemoRegistration(const std::string& command) {
+    explicit TourRegistration(const std::string& command) {
         m_done = Set(kMimeKey, "Extension", kExtension) && Set(kExtension, nullptr, kFileType) &&
                  Set((std::string(kFileType) + "\\shell\\open\\command").c_str(), nullptr,
                      command.c_str());
     }
-    ~DemoRegistration() {
+    ~TourRegistration() {
         for (const char* key : {kMimeKey, kExtension, kFileType}) {
             RegDeleteTreeA(HKEY_CLASSES_ROOT, key);
         }
@@ -81,21 +79,21 @@ public:
 
 }  // namespace
 
-void DemoShell() {
+void TourShell() {
     std::printf("== Opening a file by MIME type\n");
-    const std::string opener = ProgramFolder() + "\\zrkDemoOpener.exe";
+    const std::string opener = ProgramFolder() + "\\zrkTourOpener.exe";
     const std::string command = "\"" + opener + "\" \"%1\"";
-    DemoRegistration registration(command);
+    TourRegistration registration(command);
     if (!registration.Done()) {
-        std::printf("  could not register application/x-zrk-demo in HKEY_CLASSES_ROOT "
+        std::printf("  could not register application/x-zrk-tour in HKEY_CLASSES_ROOT "
                     "(that needs the right to write there); step skipped\n");
         return;
     }
-    std::printf("  registered application/x-zrk-demo -> %s -> open: %s\n",
-                DemoRegistration::kExtension, command.c_str());
+    std::printf("  registered application/x-zrk-tour -> %s -> open: %s\n",
+                TourRegistration::kExtension, command.c_str());
 
     std::string extension;
-    const bool found = zrkMimeTypeToExtensionA("application/x-zrk-demo", &extension);
+    const bool found = zrkMimeTypeToExtensionA("application/x-zrk-tour", &extension);
     std::printf("  zrkMimeTypeToExtensionA -> %s, \"%s\"\n", found ? "true" : "false",
                 extension.c_str());
     std::string commandTemplate;
@@ -109,12 +107,12 @@ void DemoShell() {
                 arguments.c_str());
 
     // The file's own name says .txt; the MIME type decides the program.
-    const std::string folder = MakeDemoFolder("zrkCore-shell-demo-");
+    const std::string folder = MakeTourFolder("shell");
     const std::string file = folder + "\\notes for 100% of us.txt";
     const std::string record = file + ".opened";
     WriteFile(file, "some notes\r\n");
-    const bool opened = zrkOpenFileByMimeTypeA("application/x-zrk-demo", file.c_str(), false);
-    std::printf("  zrkOpenFileByMimeTypeA(application/x-zrk-demo, %s) -> %s\n", file.c_str(),
+    const bool opened = zrkOpenFileByMimeTypeA("application/x-zrk-tour", file.c_str(), false);
+    std::printf("  zrkOpenFileByMimeTypeA(application/x-zrk-tour, %s) -> %s\n", file.c_str(),
                 opened ? "true" : "false");
     if (opened) {
         // The launch is asynchronous: wait (at most 20 s) for the opener's note.
@@ -140,9 +138,9 @@ void DemoShell() {
     std::printf("  removed the registration and %s\n", folder.c_str());
 }
 
-void DemoFileFind() {
+void TourFileFind() {
     std::printf("== File search\n");
-    const std::string root = MakeDemoFolder("zrkCore-find-demo-");
+    const std::string root = MakeTourFolder("find");
     for (const char* sub : {"\\docs", "\\docs\\old", "\\.git"}) {
         CreateDirectoryA((root + sub).c_str(), nullptr);
     }

@@ -1,8 +1,8 @@
-// zrkDemoOpener: the program the shell demonstration registers as the "open"
+// zrkTourOpener: the program the shell step of the tour registers as the "open"
 // command of its MIME type. It writes the command line it was started with
 // to "<file>.opened", beside the file it was asked to open (its first
 // argument), and exits at once. The text goes to a temporary name first and
-// is then renamed, so the demonstration never reads it half-written.
+// is then renamed, so the tour never reads it half-written.
 #include <windows.h>
 #include <shellapi.h>
 
@@ -24,7 +24,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     if (file == INVALID_HANDLE_VALUE) {
         return 2;
     }
-    // UTF-8, so the demonstration can print it as it is.
+    // UTF-8, so the tour can print it as it is.
     const int units = lstrlenW(commandLine);
     const int bytes = WideCharToMultiByte(CP_UTF8, 0, commandLine, units, nullptr, 0, nullptr, nullptr);
     std::string text(bytes, '\0');

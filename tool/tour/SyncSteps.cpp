@@ -1,4 +1,4 @@
-// Demonstration steps: mutexes within and across processes, and signalled
+// Tour steps: mutexes within and across processes, and signalled
 // objects that threads wait for.
 #include <zrkCore.h>
 
@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "Demos.h"
+#include "tool/tour/TourSteps.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ bool TakenElsewhere(AnyMutex& mutex) {
 
 }  // namespace
 
-void DemoMutexes() {
+void TourMutexes() {
     std::printf("== Mutexes\n");
     Mutex mutex;
     mutex.Lock();
@@ -47,9 +47,9 @@ void DemoMutexes() {
                 YesNo(mutex.TryLock()), YesNo(TakenElsewhere(mutex)));
     mutex.Release();
 
-    GlobalMutex first(L"zrk.demo"), second(L"zrk.demo");
+    GlobalMutex first(L"zrk.tour"), second(L"zrk.tour");
     first.Lock();
-    std::printf("  two GlobalMutex(L\"zrk.demo\") are one mutex, \"Global\\zrk.demo\", for every"
+    std::printf("  two GlobalMutex(L\"zrk.tour\") are one mutex, \"Global\\zrk.tour\", for every"
                 " process:\n    while the first is held, the second's TryLock elsewhere -> %s\n",
                 YesNo(TakenElsewhere(second)));
     first.Release();
@@ -58,7 +58,7 @@ void DemoMutexes() {
                 YesNo(refused.TryLock()));
 }
 
-void DemoSignalledObjects() {
+void TourSignalledObjects() {
     std::printf("== Signalled objects\n");
     SignalledObject start;
     start.Pulse();

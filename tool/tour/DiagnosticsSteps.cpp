@@ -1,4 +1,4 @@
-// Demonstration steps: identifiers, pooled memory, the module inventory and
+// Tour steps: identifiers, pooled memory, the module inventory and
 // crash dumps.
 #include <windows.h>
 
@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "Demos.h"
+#include "tool/tour/TourSteps.h"
 
-void DemoGuid() {
+void TourGuid() {
     std::printf("== GUID identifiers\n");
     const GUIDIdentifier first, second;
     std::printf("  two new ones: %s and %s\n", first.ToStringA(false).c_str(),
@@ -27,7 +27,7 @@ void DemoGuid() {
                 GUIDIdentifier::ZeroStrA().c_str());
 }
 
-void DemoModules() {
+void TourModules() {
     std::printf("== Module inventory\n");
     std::vector<zrkModuleInfo> modules;
     PopulateModuleInfo(&modules);
@@ -59,7 +59,7 @@ public:
 
 }  // namespace
 
-void DemoPool() {
+void TourPool() {
     std::printf("== Pool allocator (24-byte chunks, 4 to a block)\n");
     RecordPool pool;
     std::vector<void*> taken;
@@ -74,17 +74,14 @@ void DemoPool() {
     std::printf("\n  gave back %p, the next taken is %p\n", taken[1], pool.Take());
 }
 
-void DemoCrashDump(const std::string& folder, bool crash) {
+void TourCrashDump() {
     std::printf("== Crash dump\n");
-    if (!crash) {
-        std::printf("  (run with /crash for a child that crashes and leaves a dump)\n");
-        return;
-    }
-    // This program again, told to install the crash dump into `folder` and
-    // crash. The folder's final "\" is doubled, or it would escape the quote.
+    // zrk again, told to install the crash dump into the folder and crash.
+    // The folder goes without its final "\", which would escape the quote.
+    const std::string folder = TourFolder() + "crash";
     char self[MAX_PATH];
     GetModuleFileNameA(nullptr, self, MAX_PATH);
-    std::string line = "\"" + std::string(self) + "\" /crash-now \"" + folder + "\\\"";
+    std::string line = "\"" + std::string(self) + "\" crash --child \"" + folder + "\"";
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION child = {};
@@ -93,20 +90,18 @@ void DemoCrashDump(const std::string& folder, bool crash) {
         std::printf("  could not start the crashing child\n");
         return;
     }
-    std::printf("  started a child that writes to a null pointer; a full dump takes a while\n");
+    std::printf("  started \"zrk crash --child\": it installs the crash dump and writes through\n"
+                "  a null pointer; a full-memory dump takes a while\n");
+    std::fflush(stdout);
     DWORD code = 0;
     WaitForSingleObject(child.hProcess, INFINITE);
     GetExitCodeProcess(child.hProcess, &code);
     CloseHandle(child.hProcess), CloseHandle(child.hThread);
-    std::printf("  the child ended with 0x%08lX; in %sDump:\n", code, folder.c_str());
+    std::printf("  the child ended with 0x%08lX; in %s\\Dump:\n", code, folder.c_str());
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder + "Dump", error)) {
-        std::printf("    %s, %ju bytes\n", entry.path().filename().string().c_str(),
+    for (const auto& entry : std::filesystem::directory_iterator(folder + "\\Dump", error)) {
+        std::printf("    %s, %ju bytes (removed with the tour's folder)\n",
+                    entry.path().filename().string().c_str(),
                     static_cast<std::uintmax_t>(entry.file_size(error)));
     }
-}
-
-void CrashNow(const std::string& folder) {
-    SystemUtils::CrashDump::InitializeSystem(folder.c_str());
-    *static_cast<volatile int*>(nullptr) = 0;
 }

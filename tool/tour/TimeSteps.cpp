@@ -1,4 +1,4 @@
-// Demonstration steps: calendar time, intervals, text conversion, the
+// Tour steps: calendar time, intervals, text conversion, the
 // command line, the performance clock, file names and random tokens.
 #include <zrkCore.h>
 
@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "Demos.h"
+#include "tool/tour/TourSteps.h"
 
-void DemoTime() {
+void TourTime() {
     std::printf("== Time points and intervals\n");
     TimePoint now = TimePoint::Now();
     std::printf("  now: %s, local %s\n", now.ToStringA(false).c_str(),
@@ -29,7 +29,7 @@ void DemoTime() {
     }
 }
 
-void DemoTextConversion() {
+void TourTextConversion() {
     std::printf("== Text conversion\n");
     const std::wstring wide = ConvertString_UTF8_to_UTF16("caf\xC3\xA9 \xF0\x9F\x98\x80");
     std::printf("  UTF-8 \"caf\xC3\xA9 \xF0\x9F\x98\x80\" -> %zu UTF-16 units -> back: %s\n",
@@ -40,7 +40,7 @@ void DemoTextConversion() {
                 ConvertString_UTF8_to_UTF16("\xFF").size());
 }
 
-void DemoCommandLine() {
+void TourCommandLine() {
     std::printf("== Command line (pairs in the map's own order)\n");
     CommandLine::StaticInit();
     const CommandLine* line = CommandLine::Get();
@@ -48,12 +48,12 @@ void DemoCommandLine() {
         std::printf("  /%s -> \"%s\"\n", pair->first.c_str(), pair->second.c_str());
     }
     if (line->Begin() == line->End()) {
-        std::printf("  no pairs (try: zrkDemo <folder> /key value)\n");
+        std::printf("  no pairs (try: zrk tour /key value)\n");
     }
     CommandLine::StaticShutdown();
 }
 
-void DemoClock() {
+void TourClock() {
     std::printf("== Performance clock and timer sets\n");
     Time::StaticInit();
     std::printf("  counter frequency %llu ticks/s; 1.5 s -> %llu ticks; 250 ms -> %llu ticks\n",
@@ -75,7 +75,7 @@ void DemoClock() {
     Time::StaticShutdown();
 }
 
-void DemoNamesAndTokens() {
+void TourNamesAndTokens() {
     std::printf("== Generated file names and random tokens\n");
     std::printf("  GenerateFileNameA(\"log\", \"txt\", true, true) -> \"%s\"\n",
                 GenerateFileNameA("log", "txt", true, true).c_str());
