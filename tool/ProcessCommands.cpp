@@ -1,6 +1,7 @@
 // zrk env and zrk args: environment variables and the command line.
 #include <zrkCore.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -51,10 +52,15 @@ int Environment(const ParsedArguments& arguments) {
 int Arguments(const ParsedArguments&) {
     CommandLine::StaticInit();
     const CommandLine* line = CommandLine::Get();
+    std::vector<std::string> pairs;  // sorted, so that the output is stable
     for (auto pair = line->Begin(); pair != line->End(); ++pair) {
-        PrintLine(pair->first + '\t' + pair->second);
+        pairs.push_back(pair->first + '\t' + pair->second);
     }
     CommandLine::StaticShutdown();
+    std::sort(pairs.begin(), pairs.end());
+    for (const std::string& pair : pairs) {
+        PrintLine(pair);
+    }
     return 0;
 }
 
@@ -72,9 +78,10 @@ void AddProcessCommands(std::vector<Command>* commands) {
     commands->push_back(
         {"args", "args [WORDS...]",
          "the key and value pairs that zrk's own command line makes",
-         "A word that begins with \"/\" names a key (compared without regard to case) and the\n"
-         "next word that doesn't is its value. Prints \"key<TAB>value\" a line each, in the\n"
-         "map's own order. Put \"--\" first to pass words that begin with \"--\".",
+         "The whole command line counts, \"args\" included. A word that begins with \"/\"\n"
+         "names a key (compared without regard to case) and the next word that doesn't is\n"
+         "its value; a value before any key, such as \"args\" itself, belongs to the empty\n"
+         "key. Prints \"key<TAB>value\" a line each, sorted.",
          {}, 0, static_cast<std::size_t>(-1), &Arguments});
 }
 

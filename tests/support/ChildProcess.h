@@ -9,7 +9,7 @@
 struct ChildRun {
     DWORD exitCode = ~0u;  // also when it could not be started
     DWORD threadId = 0;    // of its first thread
-    std::string output;    // what it wrote to its standard output
+    std::string output;    // what it wrote to its standard output and error, as written
 };
 
 // `commandLine` starts with the program; one beside the test program is found
@@ -20,6 +20,7 @@ inline ChildRun RunChild(std::wstring commandLine, const std::wstring& folder = 
     CreatePipe(&read, &write, &inherit, 0);
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup, startup.dwFlags = STARTF_USESTDHANDLES, startup.hStdOutput = write;
+    startup.hStdError = write;
     PROCESS_INFORMATION child = {};
     ChildRun run;
     if (CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, TRUE, 0, nullptr,
