@@ -58,27 +58,32 @@ int Find(const ParsedArguments& arguments) {
     return 0;
 }
 
-template <class Map>
-std::vector<std::string> SortedKeys(const Map& map) {
+// The keys of a range of map entries, sorted.
+template <class Iterator>
+std::vector<std::string> SortedKeys(Iterator begin, Iterator end) {
     std::vector<std::string> keys;
-    for (const auto& entry : map) {
-        keys.push_back(entry.first);
+    for (; begin != end; ++begin) {
+        keys.push_back(begin->first);
     }
     std::sort(keys.begin(), keys.end());
     return keys;
 }
 
+// A section's "key=value" lines, keys sorted.
+void PrintSection(const IniSectionA& section) {
+    for (const std::string& key : SortedKeys(section.Begin(), section.End())) {
+        PrintLine(key + "=" + section.GetValue(key));
+    }
+}
+
 int Ini(const ParsedArguments& arguments) {
     const std::vector<std::string>& words = arguments.positional;
     const SmartPtr<IniFileA> file = IniFileA::LoadFile(words[0]);
-    if (words.size() == 1) {  // the whole file, sections and keys in sorted order
-        IniFileA::SectionMap sections(file->BeginSections(), file->EndSections());
-        for (const std::string& name : SortedKeys(sections)) {
+    if (words.size() == 1) {  // the whole file, sections in sorted order
+        const IniFileA& whole = *file;
+        for (const std::string& name : SortedKeys(whole.BeginSections(), whole.EndSections())) {
             PrintLine("[" + name + "]");
-            const IniSectionA& section = *sections[name];
-            for (const std::string& key : SortedKeys(IniSectionA::ValueMap(section.Begin(), section.End()))) {
-                PrintLine(key + "=" + section.GetValue(key));
-            }
+            PrintSection(*whole.GetSection(name));
         }
         return 0;
     }
@@ -87,9 +92,7 @@ int Ini(const ParsedArguments& arguments) {
         return Fail("ini", "no section [" + words[1] + "] in " + words[0]);
     }
     if (words.size() == 2) {
-        for (const std::string& key : SortedKeys(IniSectionA::ValueMap(section->Begin(), section->End()))) {
-            PrintLine(key + "=" + section->GetValue(key));
-        }
+        PrintSection(*section);
         return 0;
     }
     if (!section->ContainsKey(words[2])) {

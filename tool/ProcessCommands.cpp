@@ -40,8 +40,8 @@ int Environment(const ParsedArguments& arguments) {
         }
     } else if (action == "set") {
         if (!EnvironmentVariable::SetStringA(name, words[2], arguments.Has("create"))) {
-            return Fail("env", "can't set " + name +
-                                   (arguments.Has("create") ? "" : " (it doesn't exist: --create)"));
+            const char* hint = arguments.Has("create") ? "" : " (it doesn't exist: --create)";
+            return Fail("env", "can't set " + name + hint);
         }
     } else if (!EnvironmentVariable::DeleteA(name)) {
         return Fail("env", "can't delete " + name);

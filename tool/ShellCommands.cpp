@@ -41,7 +41,7 @@ int Open(const ParsedArguments& arguments) {
 void AddShellCommands(std::vector<Command>* commands) {
     commands->push_back(
         {"mime", "mime TYPE",
-         "the extension a MIME type is registered with, its \"open\" command, program and arguments",
+         "a MIME type's extension, its \"open\" command, program and arguments",
          "Prints \"extension\", \"command\", \"program\" and \"arguments\" lines, each name and\n"
          "value parted by a tab, as far as the registry has them.",
          {}, 1, 1, &Mime});

@@ -26,11 +26,13 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     }
     // UTF-8, so the tour can print it as it is.
     const int units = lstrlenW(commandLine);
-    const int bytes = WideCharToMultiByte(CP_UTF8, 0, commandLine, units, nullptr, 0, nullptr, nullptr);
+    const int bytes =
+        WideCharToMultiByte(CP_UTF8, 0, commandLine, units, nullptr, 0, nullptr, nullptr);
     std::string text(bytes, '\0');
     WideCharToMultiByte(CP_UTF8, 0, commandLine, units, text.data(), bytes, nullptr, nullptr);
     DWORD written = 0;
-    const BOOL ok = WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    const BOOL ok =
+        WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     CloseHandle(file);
     if (!ok) {
         return 3;

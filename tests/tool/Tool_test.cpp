@@ -89,7 +89,8 @@ TEST(ToolTest, TheTourRunsToItsEndAndRemovesItsFolder) {
     EXPECT_NE(tour.output.find("the child ended with 0xC0000005"), std::string::npos);
     const std::size_t end = tour.output.find("== End of the tour: ");
     ASSERT_NE(end, std::string::npos) << tour.output;
-    const std::string folder = tour.output.substr(end + 20, tour.output.find(" removed", end) - end - 20);
+    const std::size_t start = end + 20;  // after "== End of the tour: "
+    const std::string folder = tour.output.substr(start, tour.output.find(" removed", end) - start);
     EXPECT_EQ(GetFileAttributesA(folder.c_str()), INVALID_FILE_ATTRIBUTES) << folder;
 }
 
