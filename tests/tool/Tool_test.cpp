@@ -24,7 +24,8 @@ ZrkRun Zrk(const std::wstring& words) {
 
 TEST(ToolTest, CommandsPrintOneItemALineAndFailWithACodeAndAMessage) {
     TempFolder folder;
-    ASSERT_TRUE(WriteTextFile(folder.Join(L"a.ini"), "[s]\r\nb=2\r\na=1\r\n[r]\r\n"));
+    ASSERT_TRUE(
+        WriteTextFile(folder.Join(L"a.ini"), "[s]\r\nd=4\r\nb=2\r\na=1\r\nc=3\r\n[r]\r\n[q]\r\n"));
     ScopedEnvironmentVariable variable(L"ZRK_TOOL", L"x;;y");
     const std::string path = folder.PathA();
     const struct {
@@ -38,10 +39,10 @@ TEST(ToolTest, CommandsPrintOneItemALineAndFailWithACodeAndAMessage) {
         {L"env set ZRK_TOOL_NONE v", 1,
          "zrk env: can't set ZRK_TOOL_NONE (it doesn't exist: --create)\n"},
         {L"env set ZRK_TOOL_NONE v --create", 0, ""},
-        {L"ini " + folder.Join(L"a.ini"), 0, "[r]\n[s]\na=1\nb=2\n"},
+        {L"ini " + folder.Join(L"a.ini"), 0, "[q]\n[r]\n[s]\na=1\nb=2\nc=3\nd=4\n"},
         {L"ini " + folder.Join(L"a.ini") + L" s b", 0, "2\n"},
-        {L"ini " + folder.Join(L"a.ini") + L" q", 1,
-         "zrk ini: no section [q] in " + path + "\\a.ini\n"},
+        {L"ini " + folder.Join(L"a.ini") + L" p", 1,
+         "zrk ini: no section [p] in " + path + "\\a.ini\n"},
         {L"path folder " + folder.Path() + L"/new/sub", 0, path + "\\new\\sub\\\n"},
         {L"find " + folder.Path() + L" *.ini --depth 1", 0, path + "\\a.ini\n"},
         {L"filename p e --module", 0, "p.zrk.exe.e\n"},
