@@ -13,7 +13,7 @@ namespace zrk::tool {
 
 // One option a command takes: its name without the dashes, and whether a
 // value follows it.
-struct OptionSpec {
+struct KnownOption {
     const char* name;
     bool takesValue;
 };
@@ -30,11 +30,11 @@ struct ParsedArguments {
     }
 };
 
-// Sorts `words` into positionals and the options of `specs`. An option that
-// is not in `specs`, one given twice, and one whose value is missing leave
+// Sorts `words` into positionals and the options in `known`. An option that
+// is not in `known`, one given twice, and one whose value is missing leave
 // a message in `error` (the other fields then hold what was read so far).
 inline ParsedArguments ParseArguments(const std::vector<std::string>& words,
-                                      const std::vector<OptionSpec>& specs) {
+                                      const std::vector<KnownOption>& known) {
     ParsedArguments parsed;
     bool optionsEnded = false;
     for (std::size_t index = 0; index < words.size(); ++index) {
@@ -48,13 +48,13 @@ inline ParsedArguments ParseArguments(const std::vector<std::string>& words,
             continue;
         }
         const std::string name = word.substr(2);
-        const OptionSpec* spec = nullptr;
-        for (const OptionSpec& candidate : specs) {
+        const KnownOption* option = nullptr;
+        for (const KnownOption& candidate : known) {
             if (name == candidate.name) {
-                spec = &candidate;
+                option = &candidate;
             }
         }
-        if (spec == nullptr) {
+        if (option == nullptr) {
             parsed.error = "unknown option " + word;
             return parsed;
         }
@@ -62,11 +62,11 @@ inline ParsedArguments ParseArguments(const std::vector<std::string>& words,
             parsed.error = "option " + word + " given twice";
             return parsed;
         }
-        if (spec->takesValue && index + 1 == words.size()) {
+        if (option->takesValue && index + 1 == words.size()) {
             parsed.error = "option " + word + " needs a value";
             return parsed;
         }
-        parsed.options[name] = spec->takesValue ? words[++index] : std::string();
+        parsed.options[name] = option->takesValue ? words[++index] : std::string();
     }
     return parsed;
 }

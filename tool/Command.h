@@ -23,7 +23,7 @@ struct Command {
     const char* usage;                // the words it takes, after "zrk "
     const char* summary;              // one line for the tool's list
     const char* details;              // more lines for --help, or ""
-    std::vector<OptionSpec> options;  // besides --help, which every command takes
+    std::vector<KnownOption> options;  // besides --help, which every command takes
     std::size_t minimumArguments, maximumArguments;
     // Runs the command; the process's exit code: 0, or 1 when the operation
     // failed (after a message on standard error).

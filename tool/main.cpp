@@ -103,7 +103,7 @@ int main() {
         return 2;
     }
     words.erase(words.begin());
-    std::vector<OptionSpec> options = command->options;
+    std::vector<KnownOption> options = command->options;
     options.push_back({"help", false});
     const ParsedArguments arguments = ParseArguments(words, options);
     if (!arguments.error.empty()) {

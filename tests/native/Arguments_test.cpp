@@ -10,9 +10,9 @@ namespace {
 using namespace zrk::tool;
 
 TEST(ArgumentsTest, SortsWordsIntoPositionalsAndKnownOptionsUntilTwoDashes) {
-    const std::vector<OptionSpec> specs = {{"depth", true}, {"wide", false}};
+    const std::vector<KnownOption> known = {{"depth", true}, {"wide", false}};
     const ParsedArguments parsed =
-        ParseArguments({"a", "--depth", "--wide", "-x", "--wide", "--", "--depth", "b"}, specs);
+        ParseArguments({"a", "--depth", "--wide", "-x", "--wide", "--", "--depth", "b"}, known);
     EXPECT_EQ(parsed.error, "");
     EXPECT_EQ(parsed.positional, (std::vector<std::string>{"a", "-x", "--depth", "b"}));
     EXPECT_TRUE(parsed.Value("depth") == "--wide" && parsed.Has("wide") && !parsed.Has("x"));
@@ -21,7 +21,7 @@ TEST(ArgumentsTest, SortsWordsIntoPositionalsAndKnownOptionsUntilTwoDashes) {
         {{"--wide", "--wide"}, "option --wide given twice"},
         {{"a", "--depth"}, "option --depth needs a value"}};
     for (const auto& row : bad) {
-        EXPECT_EQ(ParseArguments(row.words, specs).error, row.error);
+        EXPECT_EQ(ParseArguments(row.words, known).error, row.error);
     }
 }
 
