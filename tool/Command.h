@@ -47,4 +47,9 @@ int Fail(const char* command, const std::string& message);
 // The path of the running zrk.exe.
 std::string ProgramPath();
 
+// Runs "zrk crash --child" on `folder` (a full path ending in "\"), with
+// `code` as its exception code unless empty, and waits for its end: false if
+// it can't start, else true with its exit code.
+bool RunCrashingChild(const std::string& folder, const std::string& code, unsigned long* exitCode);
+
 }  // namespace zrk::tool

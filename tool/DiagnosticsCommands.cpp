@@ -62,21 +62,6 @@ int Modules(const ParsedArguments& arguments) {
     std::abort();
 }
 
-// Runs `commandLine` to its end; its exit code, or nothing if it can't start.
-bool RunToEnd(std::wstring commandLine, DWORD* exitCode) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION child = {};
-    if (!CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &child)) {
-        return false;
-    }
-    WaitForSingleObject(child.hProcess, INFINITE);
-    GetExitCodeProcess(child.hProcess, exitCode);
-    CloseHandle(child.hProcess), CloseHandle(child.hThread);
-    return true;
-}
-
 int Crash(const ParsedArguments& arguments) {
     const std::string code = arguments.Value("code");
     unsigned long exceptionCode = 0;
@@ -91,16 +76,8 @@ int Crash(const ParsedArguments& arguments) {
     if (!EnsureFolderPath(folder)) {
         return Fail("crash", "can't make the folder " + folder);
     }
-    // The folder goes without its final "\", which would escape the closing quote.
-    std::wstring commandLine = L"\"" + ConvertString_UTF8_to_UTF16(ProgramPath()) +
-                               L"\" crash --child \"" +
-                               ConvertString_UTF8_to_UTF16(folder.substr(0, folder.size() - 1)) +
-                               L"\"";
-    if (arguments.Has("code")) {
-        commandLine += L" --code " + ConvertString_UTF8_to_UTF16(code);
-    }
     DWORD exitCode = 0;
-    if (!RunToEnd(commandLine, &exitCode)) {
+    if (!RunCrashingChild(folder, code, &exitCode)) {
         return Fail("crash", "can't start the child process");
     }
     char exitText[16];
@@ -123,6 +100,28 @@ int Crash(const ParsedArguments& arguments) {
 }
 
 }  // namespace
+
+bool RunCrashingChild(const std::string& folder, const std::string& code, unsigned long* exitCode) {
+    // The folder goes without its final "\", which would escape the closing quote.
+    std::wstring commandLine = L"\"" + ConvertString_UTF8_to_UTF16(ProgramPath()) +
+                               L"\" crash --child \"" +
+                               ConvertString_UTF8_to_UTF16(folder.substr(0, folder.size() - 1)) +
+                               L"\"";
+    if (!code.empty()) {
+        commandLine += L" --code " + ConvertString_UTF8_to_UTF16(code);
+    }
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION child = {};
+    if (!CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &child)) {
+        return false;
+    }
+    WaitForSingleObject(child.hProcess, INFINITE);
+    GetExitCodeProcess(child.hProcess, exitCode);
+    CloseHandle(child.hProcess), CloseHandle(child.hThread);
+    return true;
+}
 
 void AddDiagnosticsCommands(std::vector<Command>* commands) {
     commands->push_back(

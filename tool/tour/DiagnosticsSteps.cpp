@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tool/Command.h"
 #include "tool/tour/TourSteps.h"
 
 void TourGuid() {
@@ -76,27 +77,15 @@ void TourPool() {
 
 void TourCrashDump() {
     std::printf("== Crash dump\n");
-    // zrk again, told to install the crash dump into the folder and crash.
-    // The folder goes without its final "\", which would escape the quote.
     const std::string folder = TourFolder() + "crash";
-    char self[MAX_PATH];
-    GetModuleFileNameA(nullptr, self, MAX_PATH);
-    std::string line = "\"" + std::string(self) + "\" crash --child \"" + folder + "\"";
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION child = {};
-    if (!CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &child)) {
+    std::printf("  starting \"zrk crash --child\": it installs the crash dump and writes through\n"
+                "  a null pointer; a full-memory dump takes a while\n");
+    std::fflush(stdout);
+    unsigned long code = 0;
+    if (!zrk::tool::RunCrashingChild(folder + "\\", "", &code)) {
         std::printf("  could not start the crashing child\n");
         return;
     }
-    std::printf("  started \"zrk crash --child\": it installs the crash dump and writes through\n"
-                "  a null pointer; a full-memory dump takes a while\n");
-    std::fflush(stdout);
-    DWORD code = 0;
-    WaitForSingleObject(child.hProcess, INFINITE);
-    GetExitCodeProcess(child.hProcess, &code);
-    CloseHandle(child.hProcess), CloseHandle(child.hThread);
     std::printf("  the child ended with 0x%08lX; in %s\\Dump:\n", code, folder.c_str());
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(folder + "\\Dump", error)) {
