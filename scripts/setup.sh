@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Installs what building and testing zrkCore needs on Debian 12, when missing:
-# CMake, Ninja, the host compiler (for the natively built tests), the
-# mingw-w64 cross compiler (posix threads), Wine and the GoogleTest sources.
+# CMake, Ninja, the host compiler (for the natively built tests), clang with
+# its libFuzzer runtime (for the fuzz targets), the mingw-w64 cross compiler
+# (posix threads), Wine and the GoogleTest sources.
 # Safe to run again.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix wine64 googletest)
+packages=(cmake ninja-build g++ clang libclang-rt-14-dev g++-mingw-w64-x86-64-posix wine64
+          googletest)
 missing=()
 for package in "${packages[@]}"; do
   if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed"; then

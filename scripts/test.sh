@@ -10,6 +10,14 @@ cmake -G Ninja -S "$root/tests/native" -B "$native" -DCMAKE_BUILD_TYPE=Debug >/d
 cmake --build "$native"
 ctest --test-dir "$native" --output-on-failure --no-tests=error
 
+# The parsers of that layer under libFuzzer: each replays its corpus and
+# tries a bounded number of new inputs (scripts/fuzz.sh runs them longer).
+fuzz="$root/build/fuzz"
+cmake -G Ninja -S "$root/tests/fuzz" -B "$fuzz" -DCMAKE_CXX_COMPILER=clang++ \
+  -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build "$fuzz"
+ctest --test-dir "$fuzz" --output-on-failure --no-tests=error
+
 build="$root/build/test"
 zrk_build "$build" Debug ON
 ctest --test-dir "$build" --output-on-failure --no-tests=error --timeout 900
