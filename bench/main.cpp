@@ -38,11 +38,30 @@ void Keep(const T& value) {
     asm volatile("" : : "g"(&value) : "memory");
 }
 
-// Nanoseconds per call of `body`, run `count` times a repetition: the median
-// of seven repetitions after one for warming up.
+// Nanoseconds per call of a `run` that makes `count` calls itself (spread
+// over threads, for instance): the median of seven repetitions after one for
+// warming up.
 template <class Run>
-double NanosecondsPerCallOfRun(long long count, Run run);
+double NanosecondsPerCallOfRun(long long count, Run run) {
+    if (g_smoke) {
+        count = std::max(1LL, count / 10000);
+    }
+    const double ticksPerNanosecond = static_cast<double>(Time::GetFrequency()) / 1e9;
+    std::vector<double> figures;
+    for (int repetition = 0; repetition < 8; ++repetition) {
+        const unsigned long long start = Time::GetPerformanceTime();
+        run(count);
+        const unsigned long long ticks = Time::GetPerformanceTime() - start;
+        if (repetition > 0) {
+            figures.push_back(static_cast<double>(ticks) / ticksPerNanosecond /
+                              static_cast<double>(count));
+        }
+    }
+    std::sort(figures.begin(), figures.end());
+    return figures[figures.size() / 2];
+}
 
+// Nanoseconds per call of `body`, run `count` times a repetition.
 template <class Body>
 double NanosecondsPerCall(long long count, Body body) {
     return NanosecondsPerCallOfRun(count, [&](long long calls) {
@@ -50,27 +69,6 @@ double NanosecondsPerCall(long long count, Body body) {
             body();
         }
     });
-}
-
-// As NanosecondsPerCall, for a `run` that makes the given number of calls
-// itself (spread over threads, for instance).
-template <class Run>
-double NanosecondsPerCallOfRun(long long count, Run run) {
-    if (g_smoke) {
-        count = std::max(1LL, count / 10000);
-    }
-    std::vector<double> figures;
-    for (int repetition = 0; repetition < 8; ++repetition) {
-        const unsigned long long start = Time::GetPerformanceTime();
-        run(count);
-        const unsigned long long ticks = Time::GetPerformanceTime() - start;
-        if (repetition > 0) {
-            figures.push_back(1e9 * static_cast<double>(ticks) /
-                              static_cast<double>(Time::GetFrequency()) / static_cast<double>(count));
-        }
-    }
-    std::sort(figures.begin(), figures.end());
-    return figures[figures.size() / 2];
 }
 
 struct Row {
@@ -157,7 +155,8 @@ void BenchPool() {
         Keep(chunk);
         list.Push(chunk);
     });
-    Report("PoolBase take + give back (64 B)", plain, "malloc + free", heap, "ns/op", ">= 10x faster");
+    Report("PoolBase take + give back (64 B)", plain, "malloc + free", heap, "ns/op",
+           ">= 10x faster");
     Report("PoolBase take + give back (64 B)", plain, "new[] + delete[]", newDelete);
     Report("PoolBase take + give back (64 B)", plain, "bare free-list pop + push", bare, "ns/op",
            "within 2x");
@@ -294,10 +293,10 @@ void BenchSharing() {
         InterlockedIncrement(&count);
         InterlockedDecrement(&count);
     });
-    Report("SmartPtr copy + drop (plain count)", ours, "std::shared_ptr copy + drop", theirs, "ns/op",
-           ">= 3x faster");
-    Report("SmartPtr copy + drop (atomic count)", atomic, "interlocked increment + decrement", floor,
-           "ns/op", "within 1.1x");
+    Report("SmartPtr copy + drop (plain count)", ours, "std::shared_ptr copy + drop", theirs,
+           "ns/op", ">= 3x faster");
+    Report("SmartPtr copy + drop (atomic count)", atomic, "interlocked increment + decrement",
+           floor, "ns/op", "within 1.1x");
 }
 
 void BenchTimers() {
@@ -607,7 +606,8 @@ void WriteChart(const std::string& path) {
         const double from = std::min(x(1.0), x(ratio)), to = std::max(x(1.0), x(ratio));
         svg << "<text x=\"" << labelWidth - 6 << "\" y=\"" << y + 12
             << "\" text-anchor=\"end\">" << Escaped(row.operation + " / " + row.peer) << "</text>\n"
-            << "<rect x=\"" << from << "\" y=\"" << y + 3 << "\" width=\"" << std::max(1.0, to - from)
+            << "<rect x=\"" << from << "\" y=\"" << y + 3 << "\" width=\""
+            << std::max(1.0, to - from)
             << "\" height=\"" << rowHeight - 6 << "\" fill=\"" << (ratio <= 1 ? "#3a7" : "#e84")
             << "\"/>\n";
         y += rowHeight;
